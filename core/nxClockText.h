@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The digits that times of day and points in time have in common. Private to libnxcore.
+namespace nxClockText {
+    // The number that exactly `text`, one to nine decimal digits, stands for.
+    std::optional<int> ReadDigits(std::string_view text);
+
+    // ".5", ".500" and ".500000000" are half a second each; the empty text is none.
+    std::optional<std::chrono::nanoseconds> ReadFraction(std::string_view text);
+
+    // The shortest of three, six and nine digits that holds the fraction, after a point; nothing for zero.
+    std::string FractionText(std::chrono::nanoseconds fraction);
+} // namespace nxClockText

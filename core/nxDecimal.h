@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "core/nxCoreExport.h"
+#include "include/nxErrorEnum.h"
+
+#include <compare>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+// An exact decimal number, or null.
+//
+// Holds any number of up to 18 significant digits, at most 18 of them after the decimal point. It keeps the
+// digits it was given, so that 1.50 is written as "1.50", and compares by value, so that 1.50 equals 1.5.
+// Nothing is ever rounded.
+class NXCORE_API nxDecimal {
+public:
+    static constexpr unsigned int MaxFractionDigits = 18;
+
+    nxDecimal() = default; // null
+    // units / 10^fractionDigits, so that (150, 2) is 1.50. Null when fractionDigits exceeds
+    // MaxFractionDigits.
+    explicit nxDecimal(std::int64_t units, unsigned int fractionDigits = 0);
+
+    bool IsNull() const { return _fractionDigits == NullMark; }
+    void SetNull() { *this = nxDecimal(); }
+
+    // The number's digits; the empty text for null.
+    std::string GetAsString(char decimalSeparator) const;
+    // As GetAsString, but "NULL" for null.
+    std::string GetAsLogString(char decimalSeparator) const;
+
+    // Reads [-]digits[separator digits]; the empty text is null. Leading zeros are accepted but not kept. A
+    // text of another form, or a number that cannot be held exactly, gives nxErrorEnum::ValueNotParsed and
+    // leaves the value untouched.
+    nxErrorEnum SetFromString(std::string_view text, char decimalSeparator);
+
+    // By value; null equals null and comes before every number.
+    friend NXCORE_API bool operator==(const nxDecimal& left, const nxDecimal& right);
+    friend NXCORE_API std::weak_ordering operator<=>(const nxDecimal& left, const nxDecimal& right);
+
+private:
+    static constexpr std::uint8_t NullMark = 0xFF;
+
+    std::int64_t _units = 0;
+    std::uint8_t _fractionDigits = NullMark;
+};

@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "core/nxCoreExport.h"
+#include "include/nxErrorEnum.h"
+
+#include <string>
+#include <string_view>
+
+// Whole files, byte for byte. Paths are bytes as the operating system has them. On failure the result is
+// nxErrorEnum::InputNotUsable or nxErrorEnum::OutputNotWritten, `problem` says why, for people, and nothing
+// else is changed.
+class NXCORE_API nxFileHelper {
+public:
+    nxFileHelper() = delete;
+
+    static nxErrorEnum Read(const std::string& path, std::string& contents, std::string& problem);
+
+    // The file appears whole or not at all: it is written beside its place, flushed to the disk and then
+    // renamed, so that a failure leaves a file that was there before as it was. Its permissions and a
+    // symbolic link to it are kept. What is no regular file (a pipe, a terminal) is written in place.
+    static nxErrorEnum Write(const std::string& path, std::string_view contents, std::string& problem);
+};

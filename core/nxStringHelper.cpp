@@ -1,0 +1,178 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "core/nxStringHelper.h"
+
+#include "core/nxDecimal.h"
+#include "core/nxTime.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <concepts>
+
+namespace {
+    constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
+
+    template <class Number>
+    std::string NumberText(Number value) {
+        std::array<char, 32> buffer;
+        const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
+        return {buffer.data(), end};
+    }
+
+    template <class Number>
+    nxErrorEnum ParseNumber(std::string_view text, Number& value) {
+        Number parsed{};
+        const char* const end = text.data() + text.size();
+        const auto [stop, error] = std::from_chars(text.data(), end, parsed);
+        if (error != std::errc() || stop != end)
+            return nxErrorEnum::ValueNotParsed;
+
+        value = parsed;
+        return nxErrorEnum::OK;
+    }
+
+    bool EqualsIgnoringCase(std::string_view text, std::string_view lowerCase) {
+        const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+        return std::ranges::equal(text, lowerCase, {}, lower);
+    }
+} // namespace
+
+std::string nxStringHelper::GetAsString(bool value) {
+    return value ? "true" : "false";
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, bool& value) {
+    if (text == "1" || EqualsIgnoringCase(text, "true"))
+        value = true;
+    else if (text == "0" || EqualsIgnoringCase(text, "false"))
+        value = false;
+    else
+        return nxErrorEnum::ValueNotParsed;
+
+    return nxErrorEnum::OK;
+}
+
+std::string nxStringHelper::GetAsString(int value) {
+    return NumberText(value);
+}
+
+std::string nxStringHelper::GetAsString(unsigned int value) {
+    return NumberText(value);
+}
+
+std::string nxStringHelper::GetAsString(long value) {
+    return NumberText(value);
+}
+
+std::string nxStringHelper::GetAsString(unsigned long value) {
+    return NumberText(value);
+}
+
+std::string nxStringHelper::GetAsString(long long value) {
+    return NumberText(value);
+}
+
+std::string nxStringHelper::GetAsString(unsigned long long value) {
+    return NumberText(value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, int& value) {
+    return ParseNumber(text, value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, unsigned int& value) {
+    return ParseNumber(text, value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, long& value) {
+    return ParseNumber(text, value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, unsigned long& value) {
+    return ParseNumber(text, value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, long long& value) {
+    return ParseNumber(text, value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, unsigned long long& value) {
+    return ParseNumber(text, value);
+}
+
+std::string nxStringHelper::GetAsString(double value) {
+    return NumberText(value);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, double& value, char decimalSeparator) {
+    std::string pointed;
+    if (decimalSeparator != '.') {
+        if (text.find('.') != std::string_view::npos)
+            return nxErrorEnum::ValueNotParsed;
+        pointed = text;
+        std::ranges::replace(pointed, decimalSeparator, '.');
+        text = pointed;
+    }
+
+    double parsed = 0;
+    const nxErrorEnum result = ParseNumber(text, parsed);
+    if (!result.IsOK())
+        return result;
+    if (!std::isfinite(parsed))
+        return nxErrorEnum::ValueNotParsed;
+
+    value = parsed;
+    return nxErrorEnum::OK;
+}
+
+std::string nxStringHelper::GetAsString(const nxEnum& value) {
+    return value.GetAsString();
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, nxEnum& value) {
+    return value.SetFromString(text) ? nxErrorEnum::OK : nxErrorEnum::ValueNotParsed;
+}
+
+std::string nxStringHelper::GetAsString(const nxTime& value) {
+    return value.GetAsString();
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, nxTime& value) {
+    return value.SetFromString(text);
+}
+
+nxErrorEnum nxStringHelper::SetFromString(std::string_view text, nxDecimal& value, char decimalSeparator) {
+    return value.SetFromString(text, decimalSeparator);
+}
+
+void nxStringHelper::LeftTrim(std::string& text) {
+    text.erase(0, std::min(text.find_first_not_of(WhiteSpace), text.size()));
+}
+
+void nxStringHelper::RightTrim(std::string& text) {
+    text.erase(text.find_last_not_of(WhiteSpace) + 1); // npos + 1 is 0: all white space
+}
+
+std::string nxStringHelper::GetRightTrimmed(std::string_view text) {
+    return std::string(text.substr(0, text.find_last_not_of(WhiteSpace) + 1));
+}
+
+void nxStringHelper::Replace(std::string& text, std::string_view from, std::string_view to) {
+    if (from.empty())
+        return;
+
+    std::string replaced;
+    std::size_t done = 0;
+    for (std::size_t found = text.find(from); found != std::string::npos; found = text.find(from, done)) {
+        replaced.append(text, done, found - done).append(to);
+        done = found + from.size();
+    }
+    if (done == 0)
+        return;
+
+    replaced.append(text, done);
+    text = std::move(replaced);
+}

@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "include/nxLog.h"
+
+#include "core/nxLogManager.h"
+#include "core/nxStringHelper.h"
+
+#include <errno.h> // program_invocation_short_name
+
+nxLog::nxLog(const nxLogLevelEnum& level, const char* sourceFile, unsigned int line)
+    : _level(level), _sourceFile(sourceFile), _line(line), _timeStamp(nxTimeStamp::Now()) {}
+
+nxLog& nxLog::operator<<(const char* text) {
+    _entry += text;
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const std::string& text) {
+    _entry += text;
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const nxLogCharLenPair& text) {
+    _entry.append(text.GetUnterminatedCharBuffer(), text.GetLength());
+    return *this;
+}
+
+nxLog& nxLog::operator<<(int value) {
+    return *this << nxStringHelper::GetAsString(value);
+}
+
+nxLog& nxLog::operator<<(unsigned int value) {
+    return *this << nxStringHelper::GetAsString(value);
+}
+
+nxLog& nxLog::operator<<(unsigned long long value) {
+    return *this << nxStringHelper::GetAsString(value);
+}
+
+nxLog& nxLog::operator<<(short value) {
+    return *this << nxStringHelper::GetAsString(int{value});
+}
+
+nxLog& nxLog::operator<<(const nxEnum& value) {
+    return *this << value.GetAsString();
+}
+
+nxLog& nxLog::operator<<(const nxUnsignedValueWrapper& value) {
+    return *this << value.GetAsString();
+}
+
+nxLog& nxLog::operator<<(const nxIntValueWrapper& value) {
+    return *this << value.GetAsString();
+}
+
+nxLog& nxLog::operator<<(const nxLogDestinationUserID& destination) {
+    _destinationUserID = destination.userID;
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const nxLogSourceApplicationDestUserID& destination) {
+    _destinationUserID = destination.userID;
+    _sourceApplication = program_invocation_short_name;
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const nxLogTerminator& /*terminator*/) {
+    nxLogManager::Write(*this);
+    return *this;
+}
