@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "xmlFramework/xml/nxDOMErrorHandler.h"
+
+#include "include/nxLogLevels.h"
+#include "include/nxWriteLog.h"
+#include "xmlFramework/xml/StrX.h"
+
+#include <xercesc/dom/DOMError.hpp>
+#include <xercesc/dom/DOMLocator.hpp>
+
+namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLDocument";
+
+    const char* Heading(const xercesc::DOMError& error) {
+        switch (error.getSeverity()) {
+        case xercesc::DOMError::DOM_SEVERITY_WARNING:
+            return "DOM Warning";
+        case xercesc::DOMError::DOM_SEVERITY_ERROR:
+            return "DOM Error";
+        default:
+            return "DOM Fatal Error";
+        }
+    }
+} // namespace
+
+bool nxDOMErrorHandler::handleError(const xercesc::DOMError& error) {
+    _stickyError = nxErrorEnum::XMLParseFailed;
+
+    const auto describe = [&error] {
+        const xercesc::DOMLocator* const place = error.getLocation();
+        const auto number = [](XMLFileLoc location) { return std::to_string(location); };
+        return std::string(Heading(error)) + ". URI: " + StrX(place ? place->getURI() : nullptr).Get() +
+               ", Line: " + number(place ? place->getLineNumber() : 0) +
+               ", Column: " + number(place ? place->getColumnNumber() : 0) +
+               ". Message: " + StrX(error.getMessage()).Get();
+    };
+    nxWriteLog({nxLogLevels::Error, SourceFile}, describe);
+    return true;
+}

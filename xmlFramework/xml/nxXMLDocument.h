@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "include/nxErrorEnum.h"
+#include "xmlFramework/nxXMLFrameworkExport.h"
+#include "xmlFramework/xml/nxXMLElement.h"
+
+#include <memory>
+#include <string>
+
+// One XML 1.0 document: empty at first, then loaded or created, read and built through its elements, and
+// saved.
+//
+// Texts are UTF-8, whatever the locale. Nothing from outside is read: a document with a DOCTYPE of any kind
+// is refused, and so is a path that names something else than a local file. Problems are logged at
+// nxLogLevelEnum::Error where they are found; nothing is thrown. Used by one thread at a time; different
+// documents are independent.
+class XMLFRAMEWORK_API nxXMLDocument {
+public:
+    // Elements nested more deeply than this are loaded, but not saved: the serialiser works recursively.
+    static constexpr unsigned int MaxSavedDepth = 1024;
+
+    nxXMLDocument();
+    virtual ~nxXMLDocument();
+    nxXMLDocument(const nxXMLDocument&) = delete;
+    nxXMLDocument& operator=(const nxXMLDocument&) = delete;
+
+    // Loads replace the document when they succeed, and leave it, and all handles on it, as they were when
+    // they fail. Once the parser has reported anything on this object, every later load fails: use a fresh
+    // object each time.
+    //
+    // nxErrorEnum::XMLParseFailed: the text is not well-formed, or the parser had something to say against
+    // it. nxErrorEnum::XMLNoDocumentParsed: nothing could be read from the file, and there was no document
+    // before. `path` is a file name or a "file:///" URI.
+    nxErrorEnum LoadFromFile(const std::string& path);
+    nxErrorEnum LoadFromFile(const std::wstring& path);
+    nxErrorEnum LoadFromString(const std::string& xml);
+    // Reads the whole file into `contents`, with CR LF made LF, and loads that. nxErrorEnum::InputNotUsable,
+    // with `contents` empty and nothing logged, when the file cannot be opened.
+    nxErrorEnum LoadFromFileViaString(const std::string& path, std::string& contents);
+
+    // Makes a document with an empty root element. nxErrorEnum::XMLDocumentNotCreatable when there is a
+    // document already; nxErrorEnum::XMLTextNotCarried for a root name that is no XML name.
+    nxErrorEnum CreateDocument(const std::string& rootName);
+
+    // A handle on the root element; invalid when there is no document.
+    nxXMLElement GetRootElement() const;
+
+    // The root element as one line without XML declaration, byte-order mark or indentation. What it says
+    // reads back the same, line ends and blanks included.
+    //
+    // nxErrorEnum::XMLDocumentMissing: there is nothing to save.
+    // nxErrorEnum::XMLTextNotCarried: the document was given a text that XML cannot carry (see nxXMLElement).
+    // nxErrorEnum::XMLTooDeep: the elements are nested more than MaxSavedDepth deep.
+    // nxErrorEnum::XMLWriteFailed: the file could not be written.
+    // On failure `xmlOut` is untouched, and so is a file that was there before.
+    nxErrorEnum SaveToString(std::string& xmlOut);
+    nxErrorEnum SaveToFile(const std::string& path);
+    nxErrorEnum SaveToFile(const std::wstring& path);
+    // SaveToString into `contents`, then SaveToFileViaExistingString.
+    nxErrorEnum SaveToFileViaString(const std::string& path, std::string& contents);
+    // Writes `contents`, which must be UTF-8, to the file as it stands.
+    nxErrorEnum SaveToFileViaExistingString(const std::string& path, const std::string& contents);
+
+private:
+    struct State;
+    std::unique_ptr<State> _state;
+};

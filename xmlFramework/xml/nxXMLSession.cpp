@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "xmlFramework/xml/nxXMLSession.h"
+
+#include "core/nxMutexGuard.h"
+#include "core/nxStringHelper.h"
+#include "include/nxLogLevels.h"
+#include "include/nxWriteLog.h"
+#include "xmlFramework/xml/StrX.h"
+
+#include <xercesc/dom/DOMImplementationRegistry.hpp>
+#include <xercesc/util/PlatformUtils.hpp>
+#include <xercesc/util/XMLException.hpp>
+
+namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLSession";
+
+    nxXMLSession theSession; // made at load: the parser must not be initialised by two threads at once
+} // namespace
+
+nxXMLSession& nxXMLSession::Get() {
+    return theSession;
+}
+
+nxXMLSession::nxXMLSession() {
+    try {
+        xercesc::XMLPlatformUtils::Initialize();
+        _initialized = true;
+        // Fills the registry of implementations while there is one thread.
+        xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS");
+    } catch (const xercesc::XMLException& error) {
+        nxWriteLog({nxLogLevels::Error, SourceFile}, "nxXMLSession - Error during initialization! :",
+                   [&error] { return std::string(StrX(error.getMessage()).Get()); });
+    }
+}
+
+nxXMLSession::~nxXMLSession() {
+    if (_initialized)
+        xercesc::XMLPlatformUtils::Terminate();
+}
+
+std::string nxXMLSession::NextBufferName() {
+    int number = 0;
+    {
+        const nxMutexGuard guard(_mutex);
+        number = _bufferCount;
+        _bufferCount =
+            static_cast<int>(static_cast<unsigned int>(_bufferCount) + 1U); // wraps without overflow
+    }
+    return "nxMemBufInputSource" + nxStringHelper::GetAsString(number);
+}
