@@ -96,6 +96,10 @@ namespace {
     struct Result {
         std::vector<nxCSVFileReader::Row> rows;
         std::vector<unsigned int> unusableLines;
+
+        bool IsFirstRowUsable() const {
+            return !rows.empty() && (unusableLines.empty() || rows.front().line < unusableLines.front());
+        }
     };
 
     // Reads one row, of one line or several. Behind a broken row the reading goes on with its second line, so
@@ -148,7 +152,7 @@ nxErrorEnum nxCSVFileReader::ReadString(std::string_view text) {
         ReadRow(lines, parser, callback, result);
 
     _header.Clear();
-    if (_hasHeaderRow && !result.rows.empty()) {
+    if (_hasHeaderRow && result.IsFirstRowUsable()) {
         _header = std::move(result.rows.front().columns);
         result.rows.erase(result.rows.begin());
     }

@@ -5,8 +5,6 @@
 
 #include "core/nxStringHelper.h"
 
-#include <algorithm>
-
 namespace nxClockText {
     constexpr std::size_t NanosecondDigits = 9;
 

@@ -34,10 +34,11 @@ public:
     // ISO 8601 ("2026-11-21T10:53:00.5Z" style, fraction of three, six or nine digits), or "NULL".
     std::string GetAsLogString() const;
 
-    // Reads DocumentFormat and ISO 8601: a date (YYYY-MM-DD or YYYYMMDD), alone or followed by "T" and a time
-    // (HH:MM:SS or HHMMSS) with an optional fraction of one to nine digits and an optional "Z" or offset
-    // (+HH:MM, +HHMM, +HH). The empty text is null. Any other text gives nxErrorEnum::ValueNotParsed and
-    // leaves `value` untouched.
+    // Reads DocumentFormat and ISO 8601: a date, or a date, "T" and a time, both in extended form
+    // (YYYY-MM-DD, HH:MM:SS) or both in basic form (YYYYMMDD, HHMMSS). Behind a time may stand a fraction,
+    // "." and one to nine digits, and "Z" or an offset from UTC (+HH:MM, +HHMM, +HH). There is no hour 24 and
+    // no second 60. The empty text is null. Any other text gives nxErrorEnum::ValueNotParsed and leaves
+    // `value` untouched.
     static nxErrorEnum SetFromString(std::string_view text, nxDateTime& value);
 
     auto operator<=>(const nxDateTime&) const = default; // null comes first

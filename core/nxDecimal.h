@@ -13,9 +13,9 @@
 
 // An exact decimal number, or null.
 //
-// Holds any number of up to 18 significant digits, at most 18 of them after the decimal point. It keeps the
-// digits it was given, so that 1.50 is written as "1.50", and compares by value, so that 1.50 equals 1.5.
-// Nothing is ever rounded.
+// Holds any number of up to 18 digits, wherever the decimal point stands among them, leading zeros not
+// counted. It keeps the digits it was given, so that 1.50 is written as "1.50", and compares by value, so
+// that 1.50 equals 1.5. Nothing is ever rounded.
 class NXCORE_API nxDecimal {
 public:
     static constexpr unsigned int MaxFractionDigits = 18;
@@ -33,9 +33,9 @@ public:
     // As GetAsString, but "NULL" for null.
     std::string GetAsLogString(char decimalSeparator) const;
 
-    // Reads [-]digits[separator digits]; the empty text is null. Leading zeros are accepted but not kept. A
-    // text of another form, or a number that cannot be held exactly, gives nxErrorEnum::ValueNotParsed and
-    // leaves the value untouched.
+    // Reads [-]digits[separator digits]; the empty text is null. Leading zeros and the sign of zero are
+    // accepted but not kept. A text of another form, or a number that cannot be held exactly, gives
+    // nxErrorEnum::ValueNotParsed and leaves the value untouched.
     nxErrorEnum SetFromString(std::string_view text, char decimalSeparator);
 
     // By value; null equals null and comes before every number.

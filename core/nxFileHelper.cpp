@@ -55,9 +55,9 @@ namespace {
     bool WriteAll(int descriptor, std::string_view contents) {
         while (!contents.empty()) {
             const ssize_t count = ::write(descriptor, contents.data(), contents.size());
-            if (count >= 0)
+            if (count > 0)
                 contents.remove_prefix(static_cast<std::size_t>(count));
-            else if (errno != EINTR)
+            else if (count == 0 || errno != EINTR)
                 return false;
         }
         return true;
@@ -68,18 +68,19 @@ namespace {
         return file.IsOpen() && WriteAll(file.Get(), contents) && file.Close();
     }
 
-    // A file of its own beside `path`, open for writing; closed and nameless when there is none to be had.
+    // A file of its own beside `path`, open for writing; closed when there is none to be had.
     struct BesideFile {
         std::string path;
         FileDescriptor descriptor;
     };
-    BesideFile OpenBeside(const std::string& path) {
+    BesideFile OpenBeside(const std::string& path, mode_t mode) {
         static std::atomic<unsigned int> count = 0;
-        for (;;) {
-            std::string beside =
-                path + "." + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
-            const int descriptor =
-                ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, DefaultMode);
+        const std::filesystem::path folder = std::filesystem::path(path).parent_path();
+        for (;;) { // a name of its own, since the file's may leave no room for more
+            const std::string name =
+                ".nx-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+            std::string beside = (folder / name).native();
+            const int descriptor = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
             if (descriptor >= 0 || errno != EEXIST)
                 return {std::move(beside), FileDescriptor(descriptor)};
         }
@@ -87,7 +88,8 @@ namespace {
 
     bool WriteBesideAndRename(const std::string& path, std::string_view contents,
                               std::optional<mode_t> mode) {
-        BesideFile beside = OpenBeside(path);
+        // Never open to more people than the file itself, even for a moment.
+        BesideFile beside = OpenBeside(path, mode.value_or(DefaultMode));
         FileDescriptor& file = beside.descriptor;
         if (!file.IsOpen())
             return false;
@@ -101,6 +103,12 @@ namespace {
         ::unlink(beside.path.c_str());
         errno = problem;
         return false;
+    }
+
+    // The system would take the path for cut off at a NUL.
+    bool IsUsable(const std::string& path) {
+        errno = EINVAL;
+        return path.find('\0') == std::string::npos;
     }
 
     bool WriteFile(const std::string& path, std::string_view contents) {
@@ -121,7 +129,7 @@ namespace {
 } // namespace
 
 nxErrorEnum nxFileHelper::Read(const std::string& path, std::string& contents, std::string& problem) {
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+    const FileDescriptor file(IsUsable(path) ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC) : -1);
     std::string read;
     if (!file.IsOpen() || !ReadAll(file.Get(), read)) {
         problem = LastProblem();
@@ -132,7 +140,7 @@ nxErrorEnum nxFileHelper::Read(const std::string& path, std::string& contents, s
 }
 
 nxErrorEnum nxFileHelper::Write(const std::string& path, std::string_view contents, std::string& problem) {
-    if (WriteFile(path, contents))
+    if (IsUsable(path) && WriteFile(path, contents))
         return nxErrorEnum::OK;
     problem = LastProblem();
     return nxErrorEnum::OutputNotWritten;

@@ -20,6 +20,7 @@ public:
 
     // The file appears whole or not at all: it is written beside its place, flushed to the disk and then
     // renamed, so that a failure leaves a file that was there before as it was. Its permissions and a
-    // symbolic link to it are kept. What is no regular file (a pipe, a terminal) is written in place.
+    // symbolic link to it are kept; its owner, hard links and a link that leads nowhere are not. What is no
+    // regular file (a pipe, a terminal) is written in place.
     static nxErrorEnum Write(const std::string& path, std::string_view contents, std::string& problem);
 };

@@ -26,7 +26,8 @@ public:
         return level.GetEnumValue() >= _threshold.load(std::memory_order_relaxed);
     }
 
-    // Records below this level are refused. nxLogLevelEnum::Warning unless set.
+    // Records below this level are refused. nxLogLevelEnum::Warning unless set; with an undefined level
+    // nothing is refused.
     static void SetThreshold(const nxLogLevelEnum& level);
     static nxLogLevelEnum GetThreshold();
 

@@ -10,7 +10,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <concepts>
+#include <utility>
 
 namespace {
     constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
@@ -104,7 +104,7 @@ nxErrorEnum nxStringHelper::SetFromString(std::string_view text, unsigned long l
 }
 
 std::string nxStringHelper::GetAsString(double value) {
-    return NumberText(value);
+    return std::isnan(value) ? "nan" : NumberText(value); // whatever its sign
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, double& value, char decimalSeparator) {

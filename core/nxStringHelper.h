@@ -25,7 +25,8 @@ public:
     // "true" or "false"; read also as "1" and "0", in any letter case.
     static std::string GetAsString(bool value);
     static nxErrorEnum SetFromString(std::string_view text, bool& value);
-    static std::string GetAsString(const char*) = delete; // would convert to bool
+    template <class T>
+    static std::string GetAsString(const T*) = delete; // would convert to bool
 
     // Decimal digits, with a leading "-" for a negative number; no blanks, no "+", no overflow.
     static std::string GetAsString(int value);

@@ -5,8 +5,6 @@
 
 #include "core/nxClockText.h"
 
-#include <array>
-
 using namespace std::chrono_literals;
 
 namespace {

@@ -9,6 +9,10 @@
 #include <spdlog/pattern_formatter.h>
 #include <spdlog/sinks/stdout_color_sinks.h>
 
+#include <chrono>
+#include <string>
+#include <string_view>
+
 namespace {
     spdlog::level::level_enum ConsoleLevel(const nxLogLevelEnum& level) {
         if (level == nxLogLevelEnum::Trace)
@@ -20,6 +24,24 @@ namespace {
         if (level == nxLogLevelEnum::Warning)
             return spdlog::level::warn;
         return level == nxLogLevelEnum::Error ? spdlog::level::err : spdlog::level::critical;
+    }
+
+    // A control character could break the line or speak to the terminal: it is shown as C writes it.
+    void AppendPrintable(std::string& line, std::string_view text) {
+        constexpr std::string_view HexDigits = "0123456789ABCDEF";
+        for (const char c : text) {
+            const auto byte = static_cast<unsigned char>(c);
+            if (byte >= 0x20 && byte != 0x7F)
+                line += c;
+            else if (c == '\n')
+                line += "\\n";
+            else if (c == '\r')
+                line += "\\r";
+            else if (c == '\t')
+                line += "\\t";
+            else
+                line.append("\\x").append({HexDigits[byte >> 4U], HexDigits[byte & 0xFU]});
+        }
     }
 } // namespace
 
@@ -37,8 +59,9 @@ nxConsoleLogDevice::nxConsoleLogDevice() : _sink(std::make_shared<Sink>()) {}
 
 void nxConsoleLogDevice::Write(const nxLog& record) {
     const nxLogLevelEnum level = record.GetLevel();
-    const std::string text = level.GetShortDescription() + " " + record.GetSourceFile() + ":" +
-                             std::to_string(record.GetLineNumber()) + " " + record.GetLogEntry();
+    std::string text = level.GetShortDescription() + " " + record.GetSourceFile() + ":" +
+                       std::to_string(record.GetLineNumber()) + " ";
+    AppendPrintable(text, record.GetLogEntry());
     const spdlog::log_clock::time_point time{std::chrono::duration_cast<spdlog::log_clock::duration>(
         std::chrono::nanoseconds(record.GetTimeStamp().GetAsTimeValue()))};
     _sink->output.log(spdlog::details::log_msg(time, spdlog::source_loc(), spdlog::string_view_t(),

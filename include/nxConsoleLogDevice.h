@@ -7,8 +7,8 @@
 
 #include <memory>
 
-// Writes each record as one line to standard error: time (UTC), level, source file and line, text. Copies
-// write to the same place.
+// Writes each record as one line to standard error: time (UTC), level, source file and line, text. Control
+// characters in the text are shown as "\n", "\r", "\t" or "\x1B". Copies write to the same place.
 class NXCORE_API nxConsoleLogDevice : public nxLogDevice {
 public:
     nxConsoleLogDevice();

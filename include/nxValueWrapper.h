@@ -62,16 +62,16 @@ public:
     friend constexpr std::strong_ordering operator<=>(nxValueWrapper left, nxValueWrapper right) {
         return left._value <=> right._value;
     }
-    // Templates, so that an enumerator or a literal of another integer type is neither ambiguous nor read with
-    // a wrong sign. The plus makes an integer of whatever promotes to one.
+    // Templates, so that an enumerator or a literal of another integer type is neither ambiguous nor read
+    // with a wrong sign. The plus makes an integer of whatever promotes to one.
     template <class U>
-        requires(std::integral<U> || std::is_enum_v<U>)
-    friend constexpr bool operator==(nxValueWrapper left, U right) {
+    requires(std::integral<U> || std::is_enum_v<U>) friend constexpr bool operator==(nxValueWrapper left,
+                                                                                     U right) {
         return std::cmp_equal(left._value, +right);
     }
     template <class U>
-        requires(std::integral<U> || std::is_enum_v<U>)
-    friend constexpr std::strong_ordering operator<=>(nxValueWrapper left, U right) {
+    requires(std::integral<U> || std::is_enum_v<U>) friend constexpr std::strong_ordering
+    operator<=>(nxValueWrapper left, U right) {
         if (std::cmp_less(left._value, +right))
             return std::strong_ordering::less;
         return std::cmp_equal(left._value, +right) ? std::strong_ordering::equal
