@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
 #include "core/nxStringHelper.h"
 #include "include/nxErrorEnum.h"
 #include "include/nxInitializers.h"
@@ -18,7 +19,7 @@
 // two states are the reserved values Null and NoChange of the type itself, so comparisons, which look at the
 // raw value only, order them like any other value.
 template <class T, T Null, T NoChange>
-class nxValueWrapper {
+class NXCORE_API nxValueWrapper {
 public:
     static constexpr T NullValue = Null;
     static constexpr T NoChangeValue = NoChange;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 #include <map>
@@ -36,24 +37,38 @@ struct nxKeyedItems {
         return nxErrorEnum::OK;
     }
 
-    // `onItem` is told each item element's name before the item is written into it.
+    // Writes the container, always, and in it the items. `onItem` is told each item element's name before the
+    // item is written into it.
     template <class OnItem>
-    static void Write(const Map& items, nxXMLElement& container, const std::string& prefix, OnItem onItem) {
+    static void Write(const Map& items, nxXMLElement& root, std::string_view container,
+                      const std::string& prefix, OnItem onItem) {
+        nxXMLElement list = root.AddChildElement(container);
         for (const auto& [key, item] : items) {
             const std::string name = prefix + key;
-            nxXMLElement element = container.AddChildElement(name);
+            nxXMLElement element = nxXMLConversion::AddNamedByData(list, name);
             onItem(name);
             item->ConvertToXML(element, std::string());
         }
     }
 
-    // Adds the items of one container, each under the key that it gives itself, whatever stands in its
-    // element's name; an item held already stays. The first child that is no item element ends the container.
-    // A failure of an item is returned, with the items before it added.
+    // Adds the items of every container of that name, each under the key that it gives itself, whatever
+    // stands in its element's name; an item held already stays. The first child that is no item element ends
+    // its container. A failure of an item is returned, with the items before it added.
     template <class KeyOf>
-    static nxErrorEnum Read(Map& items, nxXMLElement container, std::string_view prefix,
-                            const std::string& logPrefix, KeyOf keyOf) {
-        container.ResetCurrentChildElement();
+    static nxErrorEnum Read(Map& items, const nxXMLElement& root, std::string_view container,
+                            std::string_view prefix, const std::string& logPrefix, KeyOf keyOf) {
+        nxErrorEnum result;
+        nxXMLFields::ForEachChild(root, [&](const nxXMLElement& child) {
+            if (result.IsOK() && child.HasName(container))
+                result = ReadContainer(items, child, prefix, logPrefix, keyOf);
+        });
+        return result;
+    }
+
+private:
+    template <class KeyOf>
+    static nxErrorEnum ReadContainer(Map& items, nxXMLElement container, std::string_view prefix,
+                                     const std::string& logPrefix, KeyOf keyOf) {
         for (nxXMLElement child = container.GetNextChildElement(); IsItem(child, prefix);
              child = container.GetNextChildElement()) {
             auto item = std::make_shared<Item>();
@@ -66,7 +81,6 @@ struct nxKeyedItems {
         return nxErrorEnum::OK;
     }
 
-private:
     static bool IsItem(const nxXMLElement& element, std::string_view prefix) {
         const std::string name = element.GetName();
         return name.size() > prefix.size() && name.starts_with(prefix);

@@ -7,6 +7,7 @@
 #include "include/nxLogLevels.h"
 #include "xmlFramework/market/nxKeyedItems.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxMICDefinitionList";
@@ -31,12 +32,8 @@ nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const st
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    nxErrorEnum result;
-    nxXMLFields::ForEachChild(document.GetRootElement(), [&](const nxXMLElement& container) {
-        if (result.IsOK() && container.HasName(Container))
-            result = Items::Read(_definitions, container, ItemPrefix, logPrefix,
-                                 std::mem_fn(&nxMICDefinition::GetMIC));
-    });
+    const nxErrorEnum result = Items::Read(_definitions, document.GetRootElement(), Container, ItemPrefix,
+                                           logPrefix, std::mem_fn(&nxMICDefinition::GetMIC));
     if (!result.IsOK())
         nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
                    "Failed to convert XML data to MIC definition");
@@ -45,8 +42,7 @@ nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const st
 
 nxErrorEnum nxMICDefinitionList::ConvertToXML(std::string& xmlOut, const std::string&) {
     return nxXMLConversion::Save(Root, xmlOut, [this](nxXMLElement& root) {
-        nxXMLElement container = root.AddChildElement(Container);
-        Items::Write(_definitions, container, ItemPrefix, [](const std::string& name) {
+        Items::Write(_definitions, root, Container, ItemPrefix, [](const std::string& name) {
             nxWriteLog({nxLogLevels::Trace, SourceFile}, "Converting MIC definition to XML. Element: ", name);
         });
         return nxErrorEnum::OK;

@@ -5,6 +5,7 @@
 
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/StrX.h"
+#include "xmlFramework/xml/nxXMLNotCarried.h"
 
 #include <xercesc/dom/DOMException.hpp>
 
@@ -25,6 +26,8 @@ nxErrorEnum nxXMLConversion::Save(const std::string& rootName, std::string& xmlO
     nxXMLDocument document;
     document.CreateDocument(rootName);
     nxXMLElement root = document.GetRootElement();
+    if (!root.IsValid())
+        return document.SaveToString(xmlOut); // says that there is no document
     try {
         const nxErrorEnum result = fill(root);
         if (!result.IsOK())
@@ -35,4 +38,13 @@ nxErrorEnum nxXMLConversion::Save(const std::string& rootName, std::string& xmlO
         return nxErrorEnum::XMLTextNotCarried;
     }
     return document.SaveToString(xmlOut);
+}
+
+nxXMLElement nxXMLConversion::AddNamedByData(nxXMLElement& parent, const std::string& name) {
+    try {
+        return parent.AddChildElement(name);
+    } catch (const xercesc::DOMException&) {
+        nxXMLNotCarried::Note(*parent.GetElement(), "the name '" + name + "' cannot be carried by XML");
+        return {};
+    }
 }

@@ -22,4 +22,8 @@ namespace nxXMLConversion {
     // nxErrorEnum::XMLTextNotCarried.
     nxErrorEnum Save(const std::string& rootName, std::string& xmlOut,
                      const std::function<nxErrorEnum(nxXMLElement& root)>& fill);
+
+    // Appends an element whose name is made of data. A name that is no XML name gives an invalid handle, and
+    // the document refuses to be saved.
+    nxXMLElement AddNamedByData(nxXMLElement& parent, const std::string& name);
 } // namespace nxXMLConversion

@@ -21,7 +21,9 @@
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <optional>
 
@@ -50,6 +52,15 @@ namespace {
     constexpr FailureTexts ParsingFile{"during parsing", ": '", "'\n", "'\n", "'"};
     constexpr FailureTexts ParsingString{"during parsing of string", ": ", " \n", "\n", "\n"};
     constexpr FailureTexts Saving{"saving document", ": ", " \n", "\n", "\n"};
+
+    // What a load parses.
+    struct Input {
+        const std::string& text;
+        const std::string& name;    // what the parser's messages call it
+        const std::string& subject; // what the log shows when the parser throws
+        const FailureTexts& texts;
+        nxErrorEnum withoutDocument; // the result when the parser gives no document
+    };
 
     void LogFailure(const FailureTexts& texts, const std::string& subject, const std::string& message) {
         nxWriteLog({nxLogLevels::Error, SourceFile}, "Error ", texts.operation, texts.open, subject,
@@ -102,18 +113,36 @@ namespace {
         return parser;
     }
 
+    // Whether the last character is cut off by the end of the text: a lead byte begins with as many ones as
+    // its character has bytes.
+    bool EndsInsideCharacter(std::string_view utf8) {
+        const std::size_t longest = std::min<std::size_t>(utf8.size(), 8);
+        for (std::size_t left = 1; left < longest; ++left) {
+            const auto byte = static_cast<unsigned char>(utf8[utf8.size() - left]);
+            if (std::countl_one(byte) > static_cast<int>(left))
+                return true;
+        }
+        return false;
+    }
+
+    bool IsInUTF8(const DOMDocument& document) {
+        return XMLString::compareIString(document.getInputEncoding(), XMLUni::fgUTF8EncodingString) == 0;
+    }
+
     // A well-formed document ends with ">" or white space, and holds no NUL. The parser takes a NUL, or a
     // character cut off by the end of the text, for the end of the document and says nothing about what
     // stands behind.
-    bool HasHiddenTail(std::string_view text) {
+    bool HasHiddenTail(std::string_view text, const DOMDocument& document) {
         const auto byteAt = [text](std::size_t i) {
             return i < text.size() ? static_cast<unsigned char>(text[i]) : 1;
         };
         const bool wide = (byteAt(0) == 0xFE && byteAt(1) == 0xFF) ||
                           (byteAt(0) == 0xFF && byteAt(1) == 0xFE) || byteAt(0) == 0 ||
                           byteAt(1) == 0; // UTF-16, or UCS-4
-        if (!wide)
-            return text.find('\0') != std::string_view::npos || static_cast<signed char>(text.back()) < 0;
+        if (!wide) {
+            return text.find('\0') != std::string_view::npos || static_cast<signed char>(text.back()) < 0 ||
+                   (IsInUTF8(document) && EndsInsideCharacter(text));
+        }
 
         if (text.size() % 2 != 0)
             return true;
@@ -203,12 +232,10 @@ namespace {
 } // namespace
 
 struct nxXMLDocument::State {
-    // Parses `text`, called `name` in the log, in place of the document held.
-    nxErrorEnum Load(const std::string& text, const std::string& name, const FailureTexts& texts,
-                     const std::string& subject);
-    // Parses; null when the parser threw, which is logged.
-    Released<DOMDocument> Parse(const std::string& text, const std::string& name, const FailureTexts& texts,
-                                const std::string& subject);
+    // Parses the input in place of the document held.
+    nxErrorEnum Load(const Input& input);
+    // Null when the parser threw, which is logged.
+    Released<DOMDocument> Parse(const Input& input);
     void Adopt(Released<DOMDocument> newDocument);
     nxErrorEnum Serialise(std::string& utf8, const std::string& subject);
 
@@ -218,36 +245,35 @@ struct nxXMLDocument::State {
     DOMElement* root = nullptr;
 };
 
-Released<DOMDocument> nxXMLDocument::State::Parse(const std::string& text, const std::string& name,
-                                                  const FailureTexts& texts, const std::string& subject) {
+Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input) {
     try {
         if (!parser)
             parser = MakeParser(errorHandler);
         parser->resetDocumentPool(); // what a load left there that threw
-        MemBufInputSource bytes(reinterpret_cast<const XMLByte*>(text.data()), text.size(),
-                                XStr(name.c_str()).Get());
-        const Wrapper4InputSource input(&bytes, false);
-        return Released<DOMDocument>(parser->parse(&input));
+        MemBufInputSource bytes(reinterpret_cast<const XMLByte*>(input.text.data()), input.text.size(),
+                                XStr(input.name.c_str()).Get());
+        const Wrapper4InputSource source(&bytes, false);
+        return Released<DOMDocument>(parser->parse(&source));
     } catch (...) {
-        LogCurrentException(texts, subject);
+        LogCurrentException(input.texts, input.subject);
         return nullptr;
     }
 }
 
-nxErrorEnum nxXMLDocument::State::Load(const std::string& text, const std::string& name,
-                                       const FailureTexts& texts, const std::string& subject) {
-    Released<DOMDocument> parsed = Parse(text, name, texts, subject);
-    nxErrorEnum result = parsed ? nxErrorEnum::OK : nxErrorEnum::XMLParseFailed;
+nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
+    Released<DOMDocument> parsed = Parse(input);
     if (!errorHandler.GetStickyError().IsOK()) {
         nxWriteLog({nxLogLevels::Error, SourceFile}, "Errors occurred, no output available");
-        result = errorHandler.GetStickyError();
-    } else if (result.IsOK() && HasHiddenTail(text)) {
-        LogFailure(texts, subject, "the text goes on behind the end of the document");
-        result = nxErrorEnum::XMLParseFailed;
+        return errorHandler.GetStickyError();
     }
-    if (result.IsOK())
-        Adopt(std::move(parsed));
-    return result;
+    if (!parsed)
+        return input.withoutDocument;
+    if (HasHiddenTail(input.text, *parsed)) {
+        LogFailure(input.texts, input.subject, "the text goes on behind the end of the document");
+        return nxErrorEnum::XMLParseFailed;
+    }
+    Adopt(std::move(parsed));
+    return nxErrorEnum::OK;
 }
 
 void nxXMLDocument::State::Adopt(Released<DOMDocument> newDocument) {
@@ -278,6 +304,9 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
             return nxErrorEnum::XMLTextNotCarried; // the handler has said why
         utf8 = target.Take();
         return nxErrorEnum::OK;
+    } catch (const DOMLSException& error) { // something in the document is no XML 1.0
+        LogFailure(Saving, subject, error);
+        return nxErrorEnum::XMLTextNotCarried;
     } catch (...) {
         LogCurrentException(Saving, subject);
         return nxErrorEnum::XMLWriteFailed;
@@ -289,18 +318,15 @@ nxXMLDocument::nxXMLDocument() : _state(std::make_unique<State>()) {}
 nxXMLDocument::~nxXMLDocument() = default;
 
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::string& path) {
+    const nxErrorEnum withoutDocument =
+        _state->document ? nxErrorEnum::XMLParseFailed : nxErrorEnum::XMLNoDocumentParsed;
     std::string text;
     std::string problem;
-    nxErrorEnum result = nxFileHelper::Read(LocalPath(path).value_or(path), text, problem);
-    if (result.IsOK())
-        result = _state->Load(text, path, ParsingFile, path);
-    else
+    if (!nxFileHelper::Read(LocalPath(path).value_or(path), text, problem).IsOK()) {
         LogFailure(ParsingFile, path, problem);
-
-    const bool parsed = !_state->errorHandler.GetStickyError().IsOK();
-    if (!result.IsOK() && !parsed && !_state->document)
-        return nxErrorEnum::XMLNoDocumentParsed;
-    return result;
+        return withoutDocument;
+    }
+    return _state->Load({text, path, path, ParsingFile, withoutDocument});
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
@@ -308,7 +334,8 @@ nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
 }
 
 nxErrorEnum nxXMLDocument::LoadFromString(const std::string& xml) {
-    return _state->Load(xml, nxXMLSession::Get().NextBufferName(), ParsingString, xml);
+    return _state->Load(
+        {xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, nxErrorEnum::XMLParseFailed});
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFileViaString(const std::string& path, std::string& contents) {
@@ -327,18 +354,22 @@ nxErrorEnum nxXMLDocument::CreateDocument(const std::string& rootName) {
     if (!implementation || _state->document)
         return nxErrorEnum::XMLDocumentNotCreatable;
 
+    const auto refuse = [&rootName] {
+        nxWriteLog({nxLogLevels::Error, SourceFile}, "Error creating document '", rootName,
+                   "': the name cannot be carried by XML");
+        return nxErrorEnum::XMLTextNotCarried;
+    };
     const nxXMLText name(rootName);
+    if (name.GetProblem())
+        return refuse();
     try {
-        if (name.GetProblem())
-            return nxErrorEnum::XMLTextNotCarried;
         Released<DOMDocument> created(implementation->createDocument(nullptr, name.Get(), nullptr));
         if (!created)
             return nxErrorEnum::XMLDocumentNotCreated;
         _state->Adopt(std::move(created));
         return nxErrorEnum::OK;
-    } catch (const DOMException&) // the name is no XML name
-    {
-        return nxErrorEnum::XMLTextNotCarried;
+    } catch (const DOMException&) {
+        return refuse();
     }
 }
 

@@ -235,19 +235,46 @@ std::wstring nxXMLElement::GetWideTextValue() const {
 nxErrorEnum nxXMLElement::SetCDATAValue(std::string_view value) {
     if (!_element)
         return nxErrorEnum::ValueNotFound;
-    const nxXMLText text(value);
-    if (!_Accept(text, "a CDATA section"))
+    if (!_Accept(nxXMLText(value), "a CDATA section"))
         return nxErrorEnum::XMLTextNotCarried;
+    if (value.find('\r') != std::string_view::npos) {
+        nxXMLNotCarried::Note(*_element,
+                              "a CDATA section cannot be carried by XML: it holds a carriage return, "
+                              "which would be read as a line feed");
+        return nxErrorEnum::XMLTextNotCarried;
+    }
 
-    if (DOMCDATASection* const section = CDATANode(_element))
-        section->setNodeValue(text.Get());
-    else
-        _element->appendChild(_element->getOwnerDocument()->createCDATASection(text.Get()));
-    return nxErrorEnum::OK;
+    DOMNode* place = nullptr; // behind the last child
+    while (DOMCDATASection* const section = CDATANode(_element)) {
+        place = section->getNextSibling();
+        _element->removeChild(section)->release();
+    }
+    for (;;) { // a section cannot hold "]]>", so a text with it takes several, which are read as one
+        const std::size_t found = value.find("]]>");
+        const std::string_view piece = value.substr(0, found == std::string_view::npos ? found : found + 2);
+        _element->insertBefore(_element->getOwnerDocument()->createCDATASection(nxXMLText(piece).Get()),
+                               place);
+        if (found == std::string_view::npos)
+            return nxErrorEnum::OK;
+        value.remove_prefix(piece.size());
+    }
 }
 
 nxErrorEnum nxXMLElement::GetCDATAValue(std::string& value) const {
-    return ReadNode(CDATANode(_element), value);
+    const DOMNode* node = CDATANode(_element);
+    if (!node)
+        return nxErrorEnum::ValueNotFound;
+
+    std::string text;
+    for (; node && node->getNodeType() == DOMNode::CDATA_SECTION_NODE; node = node->getNextSibling()) {
+        std::string piece;
+        const nxErrorEnum result = ReadNode(static_cast<const DOMCDATASection*>(node), piece);
+        if (!result.IsOK())
+            return result;
+        text += piece;
+    }
+    value = std::move(text);
+    return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxXMLElement::_SetAttributeText(std::string_view name, const nxXMLText& value) {

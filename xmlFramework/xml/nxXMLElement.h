@@ -87,7 +87,9 @@ public:
     std::string GetTextValue() const;
     std::wstring GetWideTextValue() const;
 
-    // The same for a first child node that is a CDATA section.
+    // The same for a first child node that is a CDATA section, together with the sections right behind it: a
+    // text with "]]>" takes several. nxErrorEnum::XMLTextNotCarried also for a carriage return, which no
+    // section can hold.
     nxErrorEnum SetCDATAValue(std::string_view value);
     nxErrorEnum GetCDATAValue(std::string& value) const;
 

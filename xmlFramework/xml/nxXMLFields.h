@@ -29,9 +29,27 @@
 namespace nxXMLFields {
     // A field that brings its own text form.
     template <class T>
-    concept HasOwnText = requires(T& field, const T& constField, const std::string& text) {
-        { constField.ToText() } -> std::convertible_to<std::string>;
+    concept WritesText = requires(const T& field) {
+        { field.ToText() } -> std::convertible_to<std::string>;
+    };
+    template <class T>
+    concept ReadsText = requires(T& field, const std::string& text) {
         { field.FromText(text) } -> std::same_as<nxErrorEnum>;
+    };
+
+    // A field that is more than a text: it reads and writes its element itself.
+    template <class T>
+    concept ReadsElement = requires(T& field, const nxXMLElement& element) {
+        { field.ReadFrom(element) } -> std::same_as<nxErrorEnum>;
+    };
+    template <class T>
+    concept WritesElement = requires(const T& field, nxXMLElement& element) {
+        { field.WriteTo(element) } -> std::same_as<nxErrorEnum>;
+    };
+    // A field that is not always written.
+    template <class T>
+    concept HasCondition = requires(const T& field) {
+        { field.IsWritten() } -> std::same_as<bool>;
     };
 
     // The text of a value in a document.
@@ -46,7 +64,7 @@ namespace nxXMLFields {
     std::string ToText(const nxValueWrapper<T, Null, NoChange>& value) {
         return nxStringHelper::GetAsString(static_cast<T>(value));
     }
-    template <HasOwnText T>
+    template <WritesText T>
     std::string ToText(const T& value) {
         return value.ToText();
     }
@@ -63,7 +81,7 @@ namespace nxXMLFields {
     nxErrorEnum FromText(const std::string& text, nxValueWrapper<T, Null, NoChange>& value) {
         return value.SetFromString(text);
     }
-    template <HasOwnText T>
+    template <ReadsText T>
     nxErrorEnum FromText(const std::string& text, T& value) {
         return value.FromText(text);
     }
@@ -84,16 +102,30 @@ namespace nxXMLFields {
         return result.IsOK() ? FromText(text, field) : result;
     }
 
+    template <ReadsElement T>
+    nxErrorEnum ReadValue(const nxXMLElement& element, T& field) {
+        return element.IsValid() ? field.ReadFrom(element) : nxErrorEnum::ValueNotFound;
+    }
+
     // Reads the first child of that name.
     template <class T>
     nxErrorEnum ReadChild(const nxXMLElement& parent, std::string_view name, T&& field) {
         return ReadValue(parent.FindChildElement(name), field);
     }
 
-    // Appends a child of that name.
+    // Appends a child of that name, unless the field says that it is not to be written.
     template <class T>
     nxErrorEnum WriteChild(nxXMLElement& parent, std::string_view name, const T& field) {
-        return parent.AddChildValue(name, std::string_view(ToText(field)));
+        if constexpr (HasCondition<T>) {
+            if (!field.IsWritten())
+                return nxErrorEnum::OK;
+        }
+        if constexpr (WritesElement<T>) {
+            nxXMLElement element = parent.AddChildElement(name);
+            return field.WriteTo(element);
+        } else {
+            return parent.AddChildValue(name, std::string_view(ToText(field)));
+        }
     }
 
     // Visitor that appends each field as a child. Its results may be dropped: a document that could not take
@@ -143,7 +175,8 @@ namespace nxXMLFields {
         nxErrorEnum _result;
     };
 
-    // A field that becomes null when its text is malformed. A missing child still leaves it as it was.
+    // A number that becomes null when its text is malformed, "NULL" and "NO_CHANGE" included: documents hold
+    // the digits of the reserved values. A missing child still leaves it as it was.
     template <class Wrapper>
     class NullIfMalformed {
     public:
@@ -151,9 +184,9 @@ namespace nxXMLFields {
 
         std::string ToText() const { return nxXMLFields::ToText(_value); }
         nxErrorEnum FromText(const std::string& text) {
-            const nxErrorEnum result = nxXMLFields::FromText(text, _value);
-            if (!result.IsOK())
-                _value.SetNull();
+            auto number = Wrapper::NullValue;
+            const nxErrorEnum result = nxStringHelper::SetFromString(text, number);
+            _value = result.IsOK() ? number : Wrapper::NullValue;
             return result;
         }
 
@@ -169,9 +202,12 @@ namespace nxXMLFields {
 
         template <class T>
         nxErrorEnum operator()(std::string_view name, T&& field) {
+            return ReadValue(Find(name), field);
+        }
+        const nxXMLElement& Find(std::string_view name) {
             _found = _found.IsValid() ? _parent.FindNextChildElement(name, _found)
                                       : _parent.FindChildElement(name);
-            return ReadValue(_found, field);
+            return _found;
         }
 
     private:
@@ -186,6 +222,20 @@ namespace nxXMLFields {
         for (nxXMLElement child = parent.GetNextChildElement(); child.IsValid();
              child = parent.GetNextChildElement())
             use(child);
+    }
+
+    // Calls `use` with each child from the first one on, as long as they are named `name`, up to the first
+    // failure, which is returned.
+    template <class Use>
+    nxErrorEnum ForEachLeadingChild(nxXMLElement parent, std::string_view name, Use use) {
+        parent.ResetCurrentChildElement();
+        for (nxXMLElement child = parent.GetNextChildElement(name); child.IsValid();
+             child = parent.GetNextChildElement(name)) {
+            const nxErrorEnum result = use(child);
+            if (!result.IsOK())
+                return result;
+        }
+        return nxErrorEnum::OK;
     }
 
     // Reads the items of a list: calls `readItem` with each child `itemName` of the first child `listName`,
