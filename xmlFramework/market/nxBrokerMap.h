@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/xml/nxXMLDataObject.h"
+
+#include <map>
+#include <string>
+
+// The platform's brokers: numeric IDs and names, looked up both ways. Category BROK, document "BrokerMap".
+class XMLFRAMEWORK_API nxBrokerMap : public nxXMLDataObject {
+public:
+    using BrokerIDMap = std::map<nxUnsignedValueWrapper, std::string>; // in order of the IDs
+
+    // Adds to what the map holds, as SetBrokerIDAndName does. nxErrorEnum::InvalidData also for a broker
+    // without a valid ID: it ends the reading, and those before it stay.
+    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    nxUnsignedValueWrapper GetDataCategoryTypeID() override;
+    nxXMLDataObject* CreateInstance() const override;
+    nxBrokerMap* CopyInstance() const override;
+    using nxXMLDataObject::CreateInstance;
+
+    const BrokerIDMap& GetBrokerIDMap() const { return _namesByID; }
+    nxUnsignedValueWrapper GetBrokerID(const std::string& name) const; // null for an unknown name
+    std::string GetBroker(const nxUnsignedValueWrapper& id) const;     // empty for an unknown ID
+    // Stores each under the other. Nothing is ever removed: a name or an ID that another one took over is
+    // still found under its own key.
+    void SetBrokerIDAndName(const nxUnsignedValueWrapper& id, const std::string& name);
+
+private:
+    static const bool _registered;
+
+    std::map<std::string, nxUnsignedValueWrapper> _idsByName;
+    BrokerIDMap _namesByID;
+};

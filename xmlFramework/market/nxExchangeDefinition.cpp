@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "xmlFramework/market/nxExchangeDefinition.h"
+
+#include "core/nxStringParser.h"
+#include "xmlFramework/xml/nxXMLFields.h"
+
+namespace {
+    constexpr char ListSeparator = ',';
+
+    // A comma goes before an item only where there is text before it, so an empty first item leaves no trace:
+    // files have always been written so.
+    std::string Join(const std::vector<std::string>& items) {
+        std::string text;
+        for (const std::string& item : items) {
+            if (!text.empty())
+                text += ListSeparator;
+            text += item;
+        }
+        return text;
+    }
+
+    // A list of texts as one text.
+    template <class List>
+    class CommaSeparated {
+    public:
+        explicit CommaSeparated(List& list) : _list(list) {}
+
+        std::string ToText() const { return Join(_list); }
+        // An element without text empties the list, too.
+        nxErrorEnum ReadFrom(const nxXMLElement& element) {
+            nxStringParser::ExtractAllSubstrings(element.GetTextValue(), _list, 0, ListSeparator);
+            for (std::string& item : _list) {
+                nxStringHelper::LeftTrim(item);
+                nxStringHelper::RightTrim(item);
+            }
+            return nxErrorEnum::OK;
+        }
+
+    private:
+        List& _list;
+    };
+} // namespace
+
+struct nxExchangeDefinition::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        field("Mnemonic", record._mnemonic);
+        field("Description", record._description);
+        field("IsExchange", record._isExchange);
+        field("IsPriceSource", record._isPriceSource);
+        field("IsOrderDestination", record._isOrderDestination);
+        field("MICs", CommaSeparated(record._mics));
+        field("PriceStreams", CommaSeparated(record._priceStreams));
+    }
+};
+
+nxExchangeDefinition::~nxExchangeDefinition() = default;
+
+nxErrorEnum nxExchangeDefinition::IsValid() const {
+    return _mnemonic.empty() ? nxErrorEnum::InvalidData : nxErrorEnum::OK;
+}
+
+nxErrorEnum nxExchangeDefinition::ConvertFromXML(nxXMLElement& element, const std::string& /*logPrefix*/) {
+    nxXMLFields::ReadInDocumentOrder(element, [this](auto& reader) { Fields::Visit(*this, reader); });
+    return nxErrorEnum::OK;
+}
+
+nxErrorEnum nxExchangeDefinition::ConvertToXML(nxXMLElement& element,
+                                               const std::string& /*logPrefix*/) const {
+    Fields::Visit(*this, nxXMLFields::Writer(element));
+    return nxErrorEnum::OK;
+}
+
+std::string nxExchangeDefinition::GetAsLogString() const {
+    const auto flag = [](bool value) { return value ? "true, " : "false, "; };
+    std::string text = "Mnemonic: " + _mnemonic + ", Description: " + _description + ", ";
+    text.append("Is exchange: ").append(flag(_isExchange));
+    text.append("Is price source: ").append(flag(_isPriceSource));
+    text.append("Is order destination: ").append(flag(_isOrderDestination));
+    // Nothing has ever stood between the two lists; log readers expect it so.
+    return text + "MICs: " + Join(_mics) + "Price streams: " + Join(_priceStreams);
+}

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/xml/nxXMLDataObject.h"
+
+#include <string>
+#include <vector>
+
+// The names of synthetic price server instances, in order. Category SPSI, document
+// "SyntheticPriceServerInstanceList".
+class XMLFRAMEWORK_API nxSyntheticPriceServerInstanceList : public nxXMLDataObject {
+public:
+    // Adds to the names held. Every child of the list with a text is a name, whatever it is called.
+    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    nxUnsignedValueWrapper GetDataCategoryTypeID() override;
+    nxXMLDataObject* CreateInstance() const override;
+    nxSyntheticPriceServerInstanceList* CopyInstance() const override;
+    using nxXMLDataObject::CreateInstance;
+
+    virtual nxErrorEnum IsValid() const; // always OK
+
+    std::vector<std::string>& GetSyntheticPriceServerInstances() { return _instances; }
+    const std::vector<std::string>& GetSyntheticPriceServerInstances() const { return _instances; }
+
+private:
+    static const bool _registered;
+
+    std::vector<std::string> _instances;
+};

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "xmlFramework/market/nxTradingHoursPeriod.h"
+
+#include "xmlFramework/xml/nxXMLFields.h"
+
+namespace {
+    constexpr unsigned int LastDayOfWeek = 6;
+} // namespace
+
+struct nxTradingHoursPeriod::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        field("SessionType", record._sessionType);
+        field("StartTimeZoneRegion", record._startTimeZoneRegion);
+        field("StartTime", record._startTime);
+        field("StartDay", record._startDay);
+        field("EndTimeZoneRegion", record._endTimeZoneRegion);
+        field("EndTime", record._endTime);
+        field("EndDay", record._endDay);
+    }
+};
+
+nxTradingHoursPeriod::~nxTradingHoursPeriod() = default;
+
+nxErrorEnum nxTradingHoursPeriod::IsValid() const {
+    const bool hasType = !_sessionType.IsUndefined() && !_sessionType.IsNoChange();
+    const bool hasRegion = !_startTimeZoneRegion.empty() || !_endTimeZoneRegion.empty();
+    const bool hasTime = !_startTime.IsNull() || !_endTime.IsNull();
+    const bool hasDays = _startDay <= _endDay && _endDay <= LastDayOfWeek; // null and no change are far above
+    return hasType && hasRegion && hasTime && hasDays ? nxErrorEnum::OK : nxErrorEnum::InvalidData;
+}
+
+nxErrorEnum nxTradingHoursPeriod::ConvertFromXML(nxXMLElement& periodElement,
+                                                 const std::string& /*logPrefix*/) {
+    Fields::Visit(*this, nxXMLFields::NextReader(periodElement));
+    return nxErrorEnum::OK;
+}
+
+nxErrorEnum nxTradingHoursPeriod::ConvertToXML(nxXMLElement& periodElement,
+                                               const std::string& /*logPrefix*/) const {
+    Fields::Visit(*this, nxXMLFields::Writer(periodElement));
+    return nxErrorEnum::OK;
+}
+
+std::string nxTradingHoursPeriod::GetAsLogString() const {
+    std::string text = _startDay.GetAsString();
+    if (_endDay != _startDay)
+        text.append("-").append(_endDay.GetAsString());
+    text.append(" ").append(_sessionType.GetLongDescription());
+    text.append(" ").append(_startTimeZoneRegion);
+    text.append(" ").append(_startTime.GetAsLogString()).append(" - ");
+    if (_endTimeZoneRegion != _startTimeZoneRegion)
+        text.append(_endTimeZoneRegion).append(" ");
+    return text + _endTime.GetAsLogString();
+}

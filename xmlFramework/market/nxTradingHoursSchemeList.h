@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/market/nxTradingHoursScheme.h"
+#include "xmlFramework/xml/nxXMLDataObject.h"
+
+#include <map>
+#include <string>
+
+// The platform's trading hours. Category TRSL, document "TradingHoursSchemesList".
+class XMLFRAMEWORK_API nxTradingHoursSchemeList : public nxXMLDataObject {
+public:
+    using Schemes = std::map<std::string, nxTradingHoursScheme>; // by name, in byte order
+
+    // Adds to what the list holds; of several schemes of one name the first stays. Nothing is validated: see
+    // IsValid.
+    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    nxUnsignedValueWrapper GetDataCategoryTypeID() override;
+    nxXMLDataObject* CreateInstance() const override;
+    nxTradingHoursSchemeList* CopyInstance() const override;
+    using nxXMLDataObject::CreateInstance;
+
+    // The first result, in key order, of a scheme that is not valid.
+    virtual nxErrorEnum IsValid() const;
+
+    Schemes& GetTradingHoursSchemes() { return _schemes; }
+    const Schemes& GetTradingHoursSchemes() const { return _schemes; }
+
+private:
+    static const bool _registered;
+
+    Schemes _schemes;
+};
