@@ -1,0 +1,279 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
+
+#include "core/nxDataCategoryEnum.h"
+#include "include/nxLogLevels.h"
+#include "xmlFramework/kestrum/nxKestrumLimitList.h"
+#include "xmlFramework/kestrum/nxKestrumUserString.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLFields.h"
+
+#include <utility>
+
+namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumAlgorithmSpec";
+
+    bool AddDefinition(nxKestrumDefinitionList& list, const nxKestrumParameterDefinition& definition) {
+        if (list.Find(definition.GetName())) {
+            nxWriteLog({nxLogLevels::Error, SourceFile},
+                       "Paramter already exists with name: ", definition.GetName());
+            return false;
+        }
+        list.Add(std::unique_ptr<nxKestrumParameterDefinition>(definition.CopyInstance()));
+        return true;
+    }
+
+    void SetDefinitions(nxKestrumDefinitionList& list,
+                        const nxKestrumDefinitionList::Definitions& definitions) {
+        nxKestrumDefinitionList replacement; // `definitions` may be the list's own
+        for (const auto& definition : definitions)
+            AddDefinition(replacement, *definition);
+        list = std::move(replacement);
+    }
+
+    // Enters definitions directly: a document's repeated name is not refused.
+    nxErrorEnum ReadDefinitions(const nxXMLElement& root, const char* listName, const char* itemName,
+                                nxKestrumDefinitionList& list) {
+        return nxXMLFields::ReadList(root, listName, itemName, [&list](nxXMLElement& element) {
+            auto definition = std::make_unique<nxKestrumParameterDefinition>();
+            const nxErrorEnum result = definition->ConvertFromXML(element);
+            if (result.IsOK())
+                list.Add(std::move(definition));
+            return result;
+        });
+    }
+
+    nxErrorEnum WriteDefinitions(nxXMLElement& root, const char* listName, const char* itemName,
+                                 const nxKestrumDefinitionList& list) {
+        return nxXMLFields::WriteList(
+            root, listName, itemName, list.Get(),
+            [](nxXMLElement& element, const auto& definition) { return definition->ConvertToXML(element); });
+    }
+
+    template <class Parameter>
+    nxErrorEnum AppendParameters(const std::vector<Parameter*>& parameters, std::string& text) {
+        std::string value;
+        for (const nxKestrumParameter* parameter : parameters) {
+            if (!parameter || parameter->IsNull())
+                continue;
+            parameter->PersistValueToString(value);
+            nxKestrumUserString::AppendPair(text, parameter->GetName(), value);
+        }
+        return nxErrorEnum::OK;
+    }
+} // namespace
+
+struct nxKestrumAlgorithmSpec::SystemParameters {
+    SystemParameters() {
+        using Type = nxKestrumParameterTypeEnum;
+        Add("$backTestingEnabled", Type::Boolean);
+        Add("$backTestingStartTime", Type::DateTime);
+        Add("$backTestingEndTime", Type::DateTime);
+        Add("$backTestingSpeedMultiplier", Type::Decimal);
+        Add("$classroomPlaybackEnabled", Type::Boolean);
+        Add("$classroomNumber", Type::Unsigned);
+    }
+    void Add(const char* name, const nxKestrumParameterTypeEnum& type) {
+        definitions.Add(std::unique_ptr<nxKestrumParameterDefinition>(new nxKestrumParameterDefinition(
+            name, type, true, true))); // the constructor is not for make_unique
+    }
+
+    nxKestrumDefinitionList definitions;
+};
+
+const bool nxKestrumAlgorithmSpec::_registered = nxXMLDataObject::_Register(new nxKestrumAlgorithmSpec);
+
+const nxKestrumAlgorithmSpec::SystemParameters& nxKestrumAlgorithmSpec::_TheSystemParameters() {
+    static const SystemParameters systemParameters;
+    return systemParameters;
+}
+
+nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
+    nxXMLDocument document;
+    // The message names another record; log monitoring matches it as it stands.
+    nxErrorEnum result = nxXMLConversion::Load(
+        document, xml, {nxLogLevels::Error, SourceFile}, context,
+        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
+    if (!result.IsOK())
+        return result;
+
+    const nxXMLElement root = document.GetRootElement();
+    nxXMLFields::ReadChild(root, "ScriptSourceCode", _scriptSourceCode);
+    result = ReadDefinitions(root, "Parameters", "Parameter", _scriptParameters);
+    if (!result.IsOK())
+        return result;
+    nxXMLFields::ReadChild(root, "SyntheticOrderType", _syntheticOrderType);
+    result = nxKestrumLimitList::Read(root, _limits);
+    if (!result.IsOK())
+        return result;
+    result = nxXMLFields::ReadList(root, "Modules", "Module", [this](const nxXMLElement& element) {
+        std::string name;
+        const nxErrorEnum found = nxXMLFields::ReadChild(element, "Name", name);
+        if (found.IsOK())
+            _modules.insert(name);
+        return found;
+    });
+    if (!result.IsOK())
+        return result;
+    result = ReadDefinitions(root, "OutputParameters", "OutputParameter", _outputParameters);
+    if (!result.IsOK())
+        return result;
+    nxXMLFields::ReadChild(root, "HideParentOrder", _hideParentOrder);
+    return nxErrorEnum::OK;
+}
+
+nxErrorEnum nxKestrumAlgorithmSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
+    return nxXMLConversion::Save("KestrumAlgorithmSpec", xmlOut, [this](nxXMLElement& root) -> nxErrorEnum {
+        nxXMLFields::WriteChild(root, "ScriptSourceCode", _scriptSourceCode);
+        nxErrorEnum result = WriteDefinitions(root, "Parameters", "Parameter", _scriptParameters);
+        if (!result.IsOK())
+            return result;
+        nxXMLFields::WriteChild(root, "SyntheticOrderType", _syntheticOrderType);
+        result = nxKestrumLimitList::Write(root, _limits);
+        if (!result.IsOK())
+            return result;
+        result = nxXMLFields::WriteList(root, "Modules", "Module", _modules,
+                                        [](nxXMLElement& element, const std::string& name) {
+                                            return nxXMLFields::WriteChild(element, "Name", name);
+                                        });
+        if (!result.IsOK())
+            return result;
+        result = WriteDefinitions(root, "OutputParameters", "OutputParameter", _outputParameters);
+        if (!result.IsOK())
+            return result;
+        return nxXMLFields::WriteChild(root, "HideParentOrder", _hideParentOrder);
+    });
+}
+
+nxUnsignedValueWrapper nxKestrumAlgorithmSpec::GetDataCategoryTypeID() {
+    return nxDataCategoryEnum::KestrumAlgorithmSpec;
+}
+
+nxXMLDataObject* nxKestrumAlgorithmSpec::CreateInstance() const {
+    return new nxKestrumAlgorithmSpec;
+}
+
+nxKestrumAlgorithmSpec* nxKestrumAlgorithmSpec::CopyInstance() const {
+    return new nxKestrumAlgorithmSpec(*this);
+}
+
+nxKestrumParameterDefinition*
+nxKestrumAlgorithmSpec::GetScriptParameterDefinition(const std::string& name) const {
+    return _scriptParameters.Find(name);
+}
+
+void nxKestrumAlgorithmSpec::SetScriptParameterDefinitions(const Definitions& definitions) {
+    SetDefinitions(_scriptParameters, definitions);
+}
+
+bool nxKestrumAlgorithmSpec::AddScriptParameterDefinition(const nxKestrumParameterDefinition& definition) {
+    return AddDefinition(_scriptParameters, definition);
+}
+
+nxKestrumParameterDefinition*
+nxKestrumAlgorithmSpec::GetScriptOutputParameterDefinition(const std::string& name) const {
+    return _outputParameters.Find(name);
+}
+
+void nxKestrumAlgorithmSpec::SetScriptOutputParameterDefinitions(const Definitions& definitions) {
+    SetDefinitions(_outputParameters, definitions);
+}
+
+bool nxKestrumAlgorithmSpec::AddScriptOutputParameterDefinition(
+    const nxKestrumParameterDefinition& definition) {
+    return AddDefinition(_outputParameters, definition);
+}
+
+bool nxKestrumAlgorithmSpec::AddLimit(const nxKestrumLimit& limit) {
+    _limits.Add(std::unique_ptr<nxKestrumLimit>(limit.CopyInstance()));
+    return true;
+}
+
+bool nxKestrumAlgorithmSpec::AddModule(const std::string& name) {
+    _modules.insert(name);
+    return true;
+}
+
+const nxKestrumParameterDefinition*
+nxKestrumAlgorithmSpec::_GetSystemParameterDefinition(const std::string& name) const {
+    return _TheSystemParameters().definitions.Find(name);
+}
+
+nxErrorEnum nxKestrumAlgorithmSpec::ExtractParametersFromUserString(const std::string& text,
+                                                                    std::map<std::string, std::string>& out) {
+    out.clear();
+    return nxKestrumUserString::ForEachPair(text, [&out](std::string name, std::string value) {
+        out.insert_or_assign(std::move(name), std::move(value));
+        return nxErrorEnum::OK;
+    });
+}
+
+nxErrorEnum
+nxKestrumAlgorithmSpec::ExtractParametersFromUserString(const std::string& text,
+                                                        std::vector<nxKestrumParameter*>& out) const {
+    return nxKestrumUserString::ForEachPair(text,
+                                            [this, &out](const std::string& name, const std::string& value) {
+                                                return _ExtractParameter(name, value, out);
+                                            });
+}
+
+nxErrorEnum nxKestrumAlgorithmSpec::_ExtractParameter(const std::string& name, const std::string& value,
+                                                      std::vector<nxKestrumParameter*>& out) const {
+    const nxKestrumParameterDefinition* const scriptDefinition = _scriptParameters.Find(name);
+    const nxKestrumParameterDefinition* const definition =
+        scriptDefinition ? scriptDefinition : _GetSystemParameterDefinition(name);
+    if (!definition) {
+        nxWriteLog({nxLogLevels::Error, SourceFile},
+                   "Unable to find parameter definition for parameter named: ", name);
+        return nxErrorEnum::InvalidData;
+    }
+
+    std::unique_ptr<nxKestrumParameter> parameter(
+        nxKestrumParameter::CreateInstance(definition->GetParameterType()));
+    if (!parameter)
+        return nxErrorEnum::InvalidData;
+    parameter->SetName(name);
+    parameter->SetIsSystemParameter(!scriptDefinition);
+    const nxErrorEnum result = parameter->PersistValueFromString(value);
+    out.push_back(parameter.get());
+    parameter.release(); // NOLINT(bugprone-unused-return-value): the caller has it
+    return result;
+}
+
+nxErrorEnum
+nxKestrumAlgorithmSpec::AddParametersToUserString(const std::vector<nxKestrumParameter*>& parameters,
+                                                  std::string& text) {
+    return AppendParameters(parameters, text);
+}
+
+nxErrorEnum
+nxKestrumAlgorithmSpec::AddParametersToUserString(const std::vector<const nxKestrumParameter*>& parameters,
+                                                  std::string& text) {
+    return AppendParameters(parameters, text);
+}
+
+bool nxKestrumAlgorithmSpec::ValidateParameters(const std::vector<nxKestrumParameter*>& parameters,
+                                                std::string& errorText) const {
+    const auto isNotSet = [&errorText](const std::string& name) {
+        errorText = "Mandatory parameter: " + name + " is not set";
+        return false;
+    };
+
+    errorText.clear();
+    std::set<std::string> missing;
+    for (const auto& definition : _scriptParameters.Get()) {
+        if (!definition->GetOptional())
+            missing.insert(definition->GetName());
+    }
+    for (const nxKestrumParameter* parameter : parameters) {
+        const auto mandatory = parameter ? missing.find(parameter->GetName()) : missing.end();
+        if (mandatory == missing.end())
+            continue;
+        if (parameter->IsNull())
+            return isNotSet(parameter->GetName());
+        missing.erase(mandatory);
+    }
+    return missing.empty() || isNotSet(*missing.begin());
+}

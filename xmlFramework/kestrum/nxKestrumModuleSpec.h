@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/xml/nxXMLDataObject.h"
+
+#include <string>
+
+// The source code of one Kestrum script module. Category KMOD, document "KestrumModuleSpec".
+class XMLFRAMEWORK_API nxKestrumModuleSpec : public nxXMLDataObject {
+public:
+    // A document without source code leaves the code held as it is.
+    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
+    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    nxUnsignedValueWrapper GetDataCategoryTypeID() override;
+    nxXMLDataObject* CreateInstance() const override;
+    nxKestrumModuleSpec* CopyInstance() const override;
+    using nxXMLDataObject::CreateInstance;
+
+    const std::string& GetSourceCode() const { return _sourceCode; }
+    void SetSourceCode(const std::string& sourceCode) { _sourceCode = sourceCode; }
+
+private:
+    static const bool _registered;
+
+    std::string _sourceCode;
+};

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "core/nxKestrumParameterTypeEnum.h"
+#include "include/nxErrorEnum.h"
+#include "xmlFramework/nxXMLFrameworkExport.h"
+#include "xmlFramework/xml/nxXMLElement.h"
+
+#include <string>
+#include <vector>
+
+// Declares one parameter that a Kestrum algorithm's script takes or produces.
+class XMLFRAMEWORK_API nxKestrumParameterDefinition {
+public:
+    nxKestrumParameterDefinition() = default; // optional and read-only
+    // Read-only, too: a definition is so until SetReadOnly or a document says otherwise.
+    nxKestrumParameterDefinition(const std::string& name, const nxKestrumParameterTypeEnum& type,
+                                 bool optional);
+    nxKestrumParameterDefinition(const nxKestrumParameterDefinition&) = default;
+    nxKestrumParameterDefinition& operator=(const nxKestrumParameterDefinition&) = default;
+    virtual ~nxKestrumParameterDefinition();
+
+    // A copy, which the caller owns.
+    nxKestrumParameterDefinition* CopyInstance() const;
+
+    const std::string& GetName() const { return _name; }
+    const nxKestrumParameterTypeEnum& GetParameterType() const { return _parameterType; }
+    bool GetOptional() const { return _optional; }
+    bool GetIsSystemParameter() const { return _isSystemParameter; }
+    bool GetReadOnly() const { return _readOnly; }
+    const std::string& GetDescription() const { return _description; }
+    // The only values allowed, in order; empty when any value is.
+    const std::vector<std::string>& GetValidValues() const { return _validValues; }
+
+    void SetName(const std::string& name) { _name = name; }
+    void SetParameterType(const nxKestrumParameterTypeEnum& type) { _parameterType = type; }
+    void SetOptional(bool optional) { _optional = optional; }
+    void SetReadOnly(bool readOnly) { _readOnly = readOnly; }
+    void SetDescription(const std::string& description) { _description = description; }
+    void SetValidValues(const std::vector<std::string>& validValues) { _validValues = validValues; }
+
+    // The definition as child elements of `element`. Stops at the first child that cannot be added, and
+    // returns why.
+    nxErrorEnum ConvertToXML(nxXMLElement& element) const;
+    // Name, type and "Optional" must be there: without one of them nxErrorEnum::ValueNotFound or
+    // ValueNotParsed is returned, with the fields before it taken. Other fields keep their value where their
+    // element is missing or malformed; valid values are added to those held.
+    nxErrorEnum ConvertFromXML(nxXMLElement& element);
+
+protected:
+    friend class nxKestrumAlgorithmSpec; // it knows the system parameters
+    nxKestrumParameterDefinition(const std::string& name, const nxKestrumParameterTypeEnum& type,
+                                 bool optional, bool isSystemParameter);
+
+private:
+    struct Fields;
+
+    std::string _name;
+    nxKestrumParameterTypeEnum _parameterType;
+    bool _optional = true;
+    bool _isSystemParameter = false;
+    bool _readOnly = true;
+    std::string _description;
+    std::vector<std::string> _validValues;
+};
