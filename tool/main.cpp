@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+// The command `xmlframework`: looks at the library's records, converts them, and keeps the register of market
+// identifier codes. docs/tool.md describes it.
+
+#include "core/nxLogLevelEnum.h"
+#include "tool/collectedLog.h"
+#include "tool/commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+namespace {
+    using namespace tool;
+
+    std::vector<std::string> LogLevelNames() {
+        std::vector<std::string> names;
+        for (const nxEnumRow& row : nxLogLevelEnum::Rows()) {
+            if (row.value != nxEnum::UndefinedValue && row.value != nxEnum::NoChangeValue)
+                names.emplace_back(row.shortDescription);
+        }
+        return names;
+    }
+
+    nxLogLevelEnum LogLevel(const std::string& name) {
+        nxLogLevelEnum level;
+        level.SetFromShortDescriptionString(name);
+        return level;
+    }
+
+    ExitStatus RunCommandLine(int argc, const char* const* argv) {
+        CLI::App program("Looks at exchange reference data and specification records in XML.",
+                         "xmlframework");
+        program.set_version_flag("--version", "xmlframework " NX_VERSION);
+        program.require_subcommand(1);
+        program.fallthrough();
+        std::string logLevel = nxLogLevelEnum(nxLogLevelEnum::Warning).GetShortDescription();
+        program.add_option("--log-level", logLevel, "The least level of log lines to show")
+            ->check(CLI::IsMember(LogLevelNames()))
+            ->capture_default_str();
+
+        Command chosen;
+        AddTypesCommand(program, chosen);
+        AddCheckCommand(program, chosen);
+        AddConvertCommand(program, chosen);
+        AddShowCommand(program, chosen);
+        AddDiffCommand(program, chosen);
+        AddMICCommands(program, chosen);
+        try {
+            program.parse(argc, argv);
+        } catch (const CLI::ParseError& asked) {
+            return program.exit(asked) == 0 ? AllGood : WrongUse; // --help and --version come here as well
+        }
+
+        CollectLog(LogLevel(logLevel));
+        return chosen();
+    }
+
+    ExitStatus RunAndFlush(int argc, const char* const* argv) {
+        const ExitStatus status = RunCommandLine(argc, argv);
+        if (std::cout.flush())
+            return status;
+        std::cerr << "xmlframework: cannot write to standard output\n";
+        return SomethingBad;
+    }
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return RunAndFlush(argc, argv);
+    } catch (const std::exception& error) {
+        std::cerr << "xmlframework: " << error.what() << '\n';
+    } catch (...) {
+        std::cerr << "xmlframework: unexpected exception\n";
+    }
+    return tool::SomethingBad;
+}
