@@ -1,0 +1,356 @@
+#!/usr/bin/env python3
+# SPDX-FileCopyrightText: The XMLFramework authors
+# SPDX-License-Identifier: Apache-2.0
+"""Compares the library with other XML stacks on the same work.
+
+Checks first that all stacks find the same records in the same documents and that the library can read what
+they write. Then measures each stack in a process of its own, in alternating rounds, and prints the medians.
+"""
+
+import argparse
+import datetime
+import json
+import os
+import pathlib
+import platform
+import re
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+OURS = "xmlframework"
+SCAN = "xerces-sax2"  # finds counts, not records
+PROGRAMS = {
+    OURS: "bench_nx",
+    "xerces-plain": "bench_xerces_plain",
+    SCAN: "bench_xerces_sax2",
+    "libxml2": "bench_libxml2",
+    "pugixml": "bench_pugixml",
+}
+IN_PARALLEL = (OURS, "xerces-plain")
+
+ROUNDS = 15
+LEAST_ROUNDS = 9
+# Two threads' arithmetic against one's, below which the machine has no second processor to give.
+LEAST_CONTROL = 1.8
+
+CONTROL = "parallel/control"
+
+
+class Failure(Exception):
+    pass
+
+
+def run(program, *arguments):
+    """The program's standard output."""
+    done = subprocess.run([program, *arguments], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    if done.returncode != 0:
+        raise Failure(f"{program} {' '.join(arguments)} failed:\n{done.stderr}")
+    return done.stdout
+
+
+def first_difference(ours, theirs):
+    """Where and how two texts differ, for people; None when they are the same."""
+    if ours == theirs:
+        return None
+    at = len(os.path.commonprefix([ours, theirs]))
+    here = slice(max(0, at - 20), at + 20)
+    return f"differs from ours at byte {at}: {theirs[here]!r} for {ours[here]!r}"
+
+
+# ---- Checking --------------------------------------------------------------------------------------------
+
+
+def verify_stack(program, directory):
+    """For each job the digests of the document, the records expected, the records read, the text written."""
+    directory.mkdir()
+    lines = run(program, "--verify", str(directory)).splitlines()
+    return {job: digests for job, *digests in map(str.split, lines)}
+
+
+def verify_records(stack, found, ours):
+    if found.keys() != ours.keys():
+        raise Failure(f"{stack} has other jobs: {', '.join(found)}")
+    for job, (document, expected, read, _) in found.items():
+        if document != ours[job][0]:
+            raise Failure(f"{stack} works on another document {job}")
+        if read != expected or (stack != SCAN and expected != ours[job][1]):
+            raise Failure(f"{stack} finds other records in {job}")
+
+
+def verify_text(programs, stack, job, directory, ours):
+    """Whether the library finds the same records in what the stack wrote. Returns how its bytes compare."""
+    written = directory / stack / f"{job}.xml"
+    if run(programs[OURS], "--digest", job, str(written)).strip() != ours[job][1]:
+        raise Failure(f"the library finds other records in what {stack} wrote for {job}")
+    difference = first_difference((directory / OURS / f"{job}.xml").read_bytes(), written.read_bytes())
+    return difference or "same bytes as ours"
+
+
+def verify(programs):
+    """Checks every stack; returns stack -> job -> how the text written compares with the library's."""
+    texts = {}
+    with tempfile.TemporaryDirectory() as name:
+        directory = pathlib.Path(name)
+        found = {stack: verify_stack(program, directory / stack) for stack, program in programs.items()}
+        for job, (document, _, _, written) in found[OURS].items():
+            if written != document:
+                raise Failure(f"the library writes {job} otherwise than the document that the stacks read")
+        for stack, jobs in found.items():
+            verify_records(stack, jobs, found[OURS])
+            texts[stack] = {
+                job: verify_text(programs, stack, job, directory, found[OURS])
+                for job, digests in jobs.items()
+                if digests[3] != "-"
+            }
+    return texts
+
+
+# ---- Measuring -------------------------------------------------------------------------------------------
+
+
+def measure_once(program, in_parallel, min_time):
+    """One process: its context, and for each benchmark (CPU time, elapsed time) in nanoseconds a document."""
+    pattern = "." if in_parallel else "^(read|write)/"
+    output = run(
+        program,
+        "--benchmark_format=json",
+        f"--benchmark_min_time={min_time}",
+        f"--benchmark_filter={pattern}",
+    )
+    report = json.loads(output)
+    times = {entry["name"]: (entry["cpu_time"], entry["real_time"]) for entry in report["benchmarks"]}
+    return report["context"], times
+
+
+def measure(programs, rounds, min_time):
+    """stack -> context, and stack -> benchmark -> one (CPU time, elapsed time) a round."""
+    contexts, times = {}, {stack: {} for stack in programs}
+    order = list(programs)
+    for number in range(rounds):
+        print(f"round {number + 1} of {rounds}", file=sys.stderr)
+        for stack in order[number % len(order):] + order[:number % len(order)]:
+            contexts[stack], measured = measure_once(programs[stack], stack in IN_PARALLEL, min_time)
+            for name, pair in measured.items():
+                times[stack].setdefault(name, []).append(pair)
+    return contexts, times
+
+
+def document_sizes(context):
+    """job -> bytes, the largest first."""
+    sizes = {key.partition("/")[2]: int(value) for key, value in context.items() if key.startswith("bytes/")}
+    return dict(sorted(sizes.items(), key=lambda entry: -entry[1]))
+
+
+def summarise(times, sizes):
+    """One entry for each job, operation and stack.
+
+    The ratio is this stack's time against the library's, round by round: what disturbs the machine for a
+    while disturbs both.
+    """
+    results = []
+    for job, size in sizes.items():
+        for operation in ("read", "write"):
+            name = f"{operation}/{job}"
+            ours = [cpu for cpu, _ in times[OURS][name]]
+            for stack in times:
+                if name not in times[stack]:
+                    continue
+                cpu = [pair[0] for pair in times[stack][name]]
+                median = statistics.median(cpu)
+                results.append({
+                    "job": job,
+                    "operation": operation,
+                    "stack": stack,
+                    "cpu_ns": median,
+                    "elapsed_ns": statistics.median(pair[1] for pair in times[stack][name]),
+                    "mb_per_s": size / median * 1000,
+                    "ratio": statistics.median(theirs / our for theirs, our in zip(cpu, ours)),
+                    "rounds_cpu_ns": cpu,
+                })
+    return results
+
+
+def scaling(measured, name):
+    """One thread's elapsed time a document against two threads', round by round."""
+    one, two = (measured[f"{name}/real_time/threads:{threads}"] for threads in (1, 2))
+    return [first[1] / second[1] for first, second in zip(one, two)]
+
+
+def summarise_parallel(times, sizes):
+    """Only the rounds count in which the control showed two processors, and only when they are the most."""
+    results = []
+    for stack in IN_PARALLEL:
+        controls = scaling(times[stack], CONTROL)
+        scaled = [number for number, control in enumerate(controls) if control >= LEAST_CONTROL]
+        counted = 2 * len(scaled) > len(controls)
+        used = scaled if counted else range(len(controls))
+        for job in sizes:
+            ratios = scaling(times[stack], f"parallel/read/{job}")
+            results.append({
+                "job": job,
+                "stack": stack,
+                "two_against_one": statistics.median(ratios[number] for number in used),
+                "control": statistics.median(controls[number] for number in used),
+                "counted": counted,
+                "rounds_scaled": len(scaled),
+                "rounds": ratios,
+                "rounds_control": controls,
+            })
+    return results
+
+
+def cpu_model():
+    with open("/proc/cpuinfo", encoding="utf-8") as lines:
+        found = re.search(r"^model name\s*:\s*(.*)$", lines.read(), re.MULTILINE)
+    return found.group(1) if found else platform.machine()
+
+
+class Disturbance:
+    """What other processes and the hypervisor took meanwhile, in processors."""
+
+    def __init__(self):
+        self._begin = self._now()
+
+    @staticmethod
+    def _now():
+        with open("/proc/stat", encoding="ascii") as lines:
+            ticks = [int(field) / os.sysconf("SC_CLK_TCK") for field in lines.readline().split()[1:9]]
+        user, nice, system, _, _, interrupt, soft_interrupt, steal = ticks
+        own = sum(os.times()[:4])
+        return time.monotonic(), user + nice + system + interrupt + soft_interrupt - own, steal
+
+    def so_far(self):
+        elapsed, others, stolen = (now - then for now, then in zip(self._now(), self._begin))
+        return {"other_processes": max(0.0, others / elapsed), "stolen": stolen / elapsed}
+
+
+def machine():
+    return {
+        "cpu": cpu_model(),
+        "processors": len(os.sched_getaffinity(0)),
+        "kernel": platform.release(),
+        "system": platform.freedesktop_os_release().get("PRETTY_NAME", platform.system()),
+    }
+
+
+# ---- Showing ---------------------------------------------------------------------------------------------
+
+
+def duration(nanoseconds):
+    for unit, size in (("ms", 1e6), ("\u00b5s", 1e3)):
+        if nanoseconds >= size:
+            return f"{nanoseconds / size:.2f} {unit}"
+    return f"{nanoseconds:.0f} ns"
+
+
+def print_table(results, sizes):
+    row = "  {:<14}{:>14}{:>10}{:>9}{:>16}"
+    shown = None
+    for entry in results:
+        if (entry["job"], entry["operation"]) != shown:
+            shown = (entry["job"], entry["operation"])
+            print(f"\n{entry['operation']} {entry['job']} ({sizes[entry['job']]:,} bytes)")
+            print(row.format("", "a document", "MB/s", "ratio", "half of rounds"))
+        quartiles = statistics.quantiles(entry["rounds_cpu_ns"])
+        low, _, high = (quartile / entry["cpu_ns"] * 100 - 100 for quartile in quartiles)
+        print(row.format(
+            entry["stack"],
+            duration(entry["cpu_ns"]),
+            f"{entry['mb_per_s']:.1f}",
+            f"{entry['ratio']:.2f}",
+            f"{low:+.0f}% {high:+.0f}%",
+        ))
+
+
+def print_parallel(parallel):
+    print("\ntwo threads, each reading documents of its own: their throughput against one thread's")
+    row = "  {:<14}{:<10}{:>8}{:>12}  {}"
+    print(row.format("", "", "ratio", "arithmetic", "").rstrip())
+    for entry in parallel:
+        note = f"arithmetic scaled in {entry['rounds_scaled']} of {len(entry['rounds'])} rounds"
+        if not entry["counted"]:
+            note = f"not counted: {note}"
+        print(row.format(
+            entry["stack"], entry["job"], f"{entry['two_against_one']:.2f}", f"{entry['control']:.2f}", note,
+        ).rstrip())
+
+
+def print_texts(texts):
+    print("Every stack finds the same records; the library finds them in what every stack writes.")
+    for stack, jobs in texts.items():
+        if stack == OURS:
+            continue
+        for job, comparison in jobs.items():
+            print(f"  {stack} writes {job}: {comparison}")
+
+
+def print_head(report):
+    about = report["machine"]
+    print(f"\n{about['cpu']}, {about['processors']} processors, {about['system']}, Linux {about['kernel']}")
+    print(f"Medians of {report['rounds']} alternating rounds, a process for each stack and round; CPU time.")
+    disturbance = report["disturbance"]
+    print(
+        f"Meanwhile other processes took {disturbance['other_processes']:.0%} of a processor, "
+        f"the hypervisor {disturbance['stolen']:.0%}."
+    )
+    for stack, context in report["stacks"].items():
+        print(f"  {stack}: {context['library']}, compiler {context['compiler']}")
+        if context["optimised"] != "yes":
+            print("    BUILT WITHOUT OPTIMISATION: the figures mean nothing")
+
+
+def arguments():
+    parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
+    parser.add_argument("directory", type=pathlib.Path, help="where the benchmark programs are")
+    parser.add_argument("-o", "--output", type=pathlib.Path, help="write the results there, as JSON")
+    parser.add_argument("--rounds", type=int, default=ROUNDS, help=f"at least {LEAST_ROUNDS} ({ROUNDS})")
+    parser.add_argument("--min-time", type=float, default=0.05, help="seconds a benchmark and round (0.05)")
+    parser.add_argument("--verify-only", action="store_true", help="check that the stacks agree, no more")
+    parsed = parser.parse_args()
+    if parsed.rounds < LEAST_ROUNDS:
+        parser.error(f"fewer than {LEAST_ROUNDS} rounds say nothing")
+    return parsed
+
+
+def main():
+    options = arguments()
+    programs = {stack: str(options.directory.resolve() / program) for stack, program in PROGRAMS.items()}
+    texts = verify(programs)
+    print_texts(texts)
+    if options.verify_only:
+        return
+
+    report = {"date": datetime.datetime.now(datetime.timezone.utc).isoformat(timespec="seconds")}
+    report["machine"] = machine()
+    disturbance = Disturbance()
+    contexts, times = measure(programs, options.rounds, options.min_time)
+    sizes = document_sizes(contexts[OURS])
+    report |= {
+        "disturbance": disturbance.so_far(),
+        "rounds": options.rounds,
+        "min_time_s": options.min_time,
+        "stacks": {
+            stack: {key: context[key] for key in ("library", "compiler", "optimised")}
+            for stack, context in contexts.items()
+        },
+        "bytes": sizes,
+        "texts_written": texts,
+        "results": summarise(times, sizes),
+        "parallel": summarise_parallel(times, sizes),
+    }
+    print_head(report)
+    print_table(report["results"], sizes)
+    print_parallel(report["parallel"])
+    if options.output:
+        options.output.write_text(json.dumps(report, indent=2, ensure_ascii=False) + "\n", encoding="utf-8")
+        print(f"\nwritten: {options.output}")
+
+
+if __name__ == "__main__":
+    try:
+        main()
+    except (Failure, OSError) as error:
+        sys.exit(f"{sys.argv[0]}: {error}")

@@ -1,0 +1,247 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: The XMLFramework authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# The project's everyday commands; `./build.sh` alone lists them. Installs the Debian packages that are missing,
+# keeps everything it builds under build/, and can be started from any folder.
+set -euo pipefail
+
+caller_dir=$PWD
+cd "$(dirname "${BASH_SOURCE[0]}")"
+source_dir=$PWD
+log_dir=$source_dir/build/logs
+jobs=$(nproc)
+
+usage() {
+    cat <<'END'
+usage: ./build.sh COMMAND
+
+  demo [REGISTER.csv]     build the tool; take a register of market identifier codes to XML and back
+  test [PRESET...] [-- CTEST-ARGUMENT...]
+                          run all tests, in the presets release and asan unless others are named
+  bench [ARGUMENT...]     compare speed with other XML stacks; write build/bench/results.json
+  fuzz [SECONDS]          run each fuzzer for so long (60)
+  lint                    formatting, clang-tidy, layering
+  install [PREFIX]        install libraries, headers and tool (/usr/local)
+END
+}
+
+say() { printf '== %s\n' "$*"; }
+die() { printf 'build.sh: %s\n' "$*" >&2; exit 1; }
+
+# as_root COMMAND...
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# quietly NAME COMMAND...: what the command says goes to a log, which is shown only when it fails.
+quietly() {
+    local log=$log_dir/$1.log
+    shift
+    mkdir -p "$log_dir"
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        tail -n 120 "$log" >&2
+        printf 'build.sh: failed: %s (all of its output: %s)\n' "$*" "$log" >&2
+        return 1
+    fi
+}
+
+library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev libcsv-dev
+    libhowardhinnant-date-dev libcli11-dev nlohmann-json3-dev)
+developer_packages=("${library_packages[@]}" libgtest-dev pkgconf)
+bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugixml-dev python3)
+fuzz_packages=("${developer_packages[@]}" clang)
+lint_packages=("${bench_packages[@]}" clang-format clang-tidy)
+
+# need PACKAGE...
+need() {
+    command -v dpkg-query >/dev/null || return 0 # not a Debian: CMake says what it does not find
+    local package missing=()
+    for package in "$@"; do
+        if [ "$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null)" != installed ]; then
+            missing+=("$package")
+        fi
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+
+    [ "$(id -u)" -eq 0 ] || command -v sudo >/dev/null ||
+        die "these packages are missing, and there is no sudo to install them: ${missing[*]}"
+    say "installing ${missing[*]}"
+    quietly apt-update as_root apt-get update -o Acquire::Retries=3
+    quietly apt-install as_root env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -y --no-install-recommends -o Acquire::Retries=3 -o DPkg::Lock::Timeout=300 "${missing[@]}"
+}
+
+# build DIR PRESET TARGET [CMAKE-ARGUMENT...]: configures build/DIR by the preset and builds the target in it.
+build() {
+    local dir=$1 preset=$2 target=$3
+    shift 3
+    say "building $dir"
+    quietly "configure-$dir" cmake --preset "$preset" -B "build/$dir" "$@" &&
+        quietly "build-$dir" cmake --build "build/$dir" --parallel "$jobs" --target "$target"
+}
+
+# What users get: the libraries and the tool, without tests or warnings as errors.
+build_product() { build product release all -DXMLFRAMEWORK_DEVELOPER=OFF "$@"; }
+
+# tool ARGUMENT...: runs xmlframework and shows the command as a person would have typed it.
+tool() {
+    printf '$ xmlframework %s\n' "$*"
+    "$source_dir/build/product/tool/xmlframework" "$@"
+}
+
+# import_register ...: exit status 1 is no failure of the demo; the tool has named the rows it could not use.
+import_register() {
+    local status=0
+    tool mic import "$@" || status=$?
+    [ "$status" -le 1 ] || return "$status"
+}
+
+demo() {
+    local register=${1:-examples/data/mic-register-sample.csv}
+    if [ $# -gt 0 ]; then
+        register=$(cd "$caller_dir" && realpath -- "$1")
+        [ -r "$register" ] || die "cannot read $1"
+    fi
+    need "${library_packages[@]}"
+    build_product
+
+    local out=build/demo
+    rm -rf "$out"
+    mkdir -p "$out"
+    import_register "$register" -o "$out/mics.xml"
+    tool check "$out/mics.xml"
+    tool mic export "$out/mics.xml" -o "$out/mics.csv"
+    tool mic import "$out/mics.csv" -o "$out/again.xml"
+    tool show "$out/mics.xml" >"$out/show.txt"
+    sed -n '1,16p' "$out/show.txt"
+
+    cmp "$out/mics.xml" "$out/again.xml" || die "the way back lost something: $out/mics.xml, $out/again.xml"
+    say "$out/mics.xml and $out/again.xml are the same, byte for byte ($(wc -c <"$out/mics.xml") bytes)"
+}
+
+passed=0 failed=0 skipped=0
+
+# count_of NAME FILE: the number that a ctest report gives for the whole run.
+count_of() { grep -m 1 -o "$1=\"[0-9]*\"" "$2" | tr -dc 0-9; }
+
+# test_preset PRESET [CTEST-ARGUMENT...]: builds and tests, and adds the outcome to the totals. What kept the
+# tests from running counts as one failure.
+test_preset() {
+    local preset=$1 report=$source_dir/build/$1/report.xml
+    shift
+    rm -f "$report"
+    if ! build "$preset" "$preset" all; then
+        failed=$((failed + 1))
+        return
+    fi
+
+    say "testing $preset"
+    local status=0
+    quietly "test-$preset" ctest --test-dir "build/$preset" --parallel "$jobs" --output-on-failure \
+        --no-tests=error --output-junit "$report" "$@" || status=$?
+    if [ ! -s "$report" ]; then
+        failed=$((failed + 1))
+        return
+    fi
+
+    local all bad left_out
+    all=$(count_of tests "$report")
+    bad=$(count_of failures "$report")
+    left_out=$(($(count_of skipped "$report") + $(count_of disabled "$report")))
+    [ "$status" -eq 0 ] || [ "$bad" -gt 0 ] || bad=1
+    say "$preset: $all tests, $bad failed, $left_out skipped"
+    passed=$((passed + all - bad - left_out))
+    failed=$((failed + bad))
+    skipped=$((skipped + left_out))
+}
+
+run_tests() {
+    local presets=()
+    while [ $# -gt 0 ] && [ "$1" != -- ]; do
+        presets+=("$1")
+        shift
+    done
+    [ $# -eq 0 ] || shift
+    [ ${#presets[@]} -gt 0 ] || presets=(release asan)
+    need "${developer_packages[@]}"
+
+    local preset
+    for preset in "${presets[@]}"; do
+        test_preset "$preset" "$@"
+    done
+    if [ "$skipped" -gt 0 ]; then
+        echo "$passed passed, $failed failed, $skipped skipped"
+    else
+        echo "$passed passed, $failed failed"
+    fi
+    [ "$failed" -eq 0 ]
+}
+
+bench() {
+    need "${bench_packages[@]}"
+    build bench bench bench/all
+    python3 bench/run.py build/bench/bench --output build/bench/results.json "$@"
+}
+
+fuzz() {
+    local seconds=${1:-60} fuzzer name
+    need "${fuzz_packages[@]}"
+    build fuzz fuzz fuzz/all
+    mkdir -p build/fuzz/findings
+    while read -r fuzzer; do
+        name=$(basename "$fuzzer")
+        mkdir -p "build/fuzz/corpus/$name"
+        say "fuzzing $name for $seconds s"
+        quietly "fuzz-$name" "$fuzzer" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -print_final_stats=1 \
+            -artifact_prefix="build/fuzz/findings/$name-" "build/fuzz/corpus/$name" "fuzz/corpus/$name"
+        grep -E 'number_of_executed_units|average_exec_per_sec' "$log_dir/fuzz-$name.log"
+    done <build/fuzz/fuzzers.txt
+}
+
+lint() {
+    need "${lint_packages[@]}"
+    quietly configure-bench cmake --preset bench
+
+    local clean=true
+    say "formatting"
+    find core include xmlFramework tool tests examples fuzz bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
+        xargs -0 clang-format --dry-run -Werror || clean=false
+    say "layering"
+    tests/checkLayering.sh "$source_dir" build/bench/public-headers.txt build/bench/library-files.txt || clean=false
+    say "clang-tidy"
+    quietly clang-tidy run-clang-tidy -quiet -p build/bench -j "$jobs" "^$source_dir/.*" || clean=false
+    $clean
+}
+
+install_product() {
+    local prefix=${1:-/usr/local}
+    prefix=$(cd "$caller_dir" && realpath -m -- "$prefix")
+    need "${library_packages[@]}"
+    build_product -DCMAKE_INSTALL_PREFIX="$prefix"
+
+    local existing=$prefix
+    while [ ! -e "$existing" ]; do existing=$(dirname "$existing"); done
+    if [ -w "$existing" ]; then
+        quietly install cmake --install build/product
+    else
+        quietly install as_root cmake --install build/product
+    fi
+    say "installed in $prefix"
+}
+
+command=${1:-}
+[ $# -eq 0 ] || shift
+case $command in
+demo) demo "$@" ;;
+test) run_tests "$@" ;;
+bench) bench "$@" ;;
+fuzz) fuzz "$@" ;;
+lint) lint ;;
+install) install_product "$@" ;;
+-h | --help | help) usage ;;
+*)
+    usage >&2
+    exit 2
+    ;;
+esac

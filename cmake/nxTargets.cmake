@@ -1,0 +1,63 @@
+# SPDX-FileCopyrightText: The XMLFramework authors
+# SPDX-License-Identifier: Apache-2.0
+
+# What every target of ours has in common, written once.
+
+if(XMLFRAMEWORK_DEVELOPER AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+    find_program(CCACHE_PROGRAM ccache)
+    mark_as_advanced(CCACHE_PROGRAM)
+    if(CCACHE_PROGRAM)
+        set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+    endif()
+endif()
+
+# The flags that a program needs to live in one process with our sanitized libraries; empty without sanitizers.
+set(NX_SANITIZE_FLAGS "")
+if(XMLFRAMEWORK_SANITIZE)
+    set(NX_SANITIZE_FLAGS -fsanitize=${XMLFRAMEWORK_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+endif()
+
+# Language level, warnings and sanitizers of a target of ours.
+function(nx_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        POSITION_INDEPENDENT_CODE ON)
+    if(XMLFRAMEWORK_DEVELOPER)
+        target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
+            # GCC 12 sees overlapping copies in std::string's own operator+ (its bug 105651).
+            $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>)
+    endif()
+    # __FILE__ is the name relative to the project, whoever builds it where.
+    target_compile_options(${target} PRIVATE "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=" ${NX_SANITIZE_FLAGS})
+    target_link_options(${target} PRIVATE -Wl,--as-needed ${NX_SANITIZE_FLAGS})
+endfunction()
+
+# nx_add_library(<name> SOURCES <file>... PUBLIC_HEADERS <file>... [PRIVATE_HEADERS <file>...])
+#
+# A shared library whose public headers are installed with the spelling they have in the source tree. Files are
+# relative to the project's top folder.
+function(nx_add_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC_HEADERS;PRIVATE_HEADERS")
+    list(TRANSFORM arg_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/")
+    list(TRANSFORM arg_PUBLIC_HEADERS PREPEND "${PROJECT_SOURCE_DIR}/")
+    list(TRANSFORM arg_PRIVATE_HEADERS PREPEND "${PROJECT_SOURCE_DIR}/")
+
+    add_library(${name} SHARED ${arg_SOURCES} ${arg_PRIVATE_HEADERS})
+    add_library(XMLFramework::${name} ALIAS ${name})
+    nx_configure_target(${name})
+    target_sources(${name} PUBLIC
+        FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${arg_PUBLIC_HEADERS})
+    set_target_properties(${name} PROPERTIES
+        VERSION ${PROJECT_VERSION}
+        SOVERSION ${PROJECT_VERSION_MAJOR}
+        INSTALL_RPATH "$ORIGIN")
+    # Calls inside the library go straight to their target: nobody replaces our functions at load time.
+    target_compile_options(${name} PRIVATE -fno-semantic-interposition)
+    # The run-time of a sanitizer is in the program, not in the library.
+    if(NOT XMLFRAMEWORK_SANITIZE)
+        target_link_options(${name} PRIVATE -Wl,-z,defs)
+    endif()
+endfunction()

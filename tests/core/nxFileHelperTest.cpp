@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "core/nxFileHelper.h"
+
+#include "tests/support/nxPrint.h"
+#include "tests/support/nxTempFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace {
+    std::string Contents(const std::string& path) {
+        std::string contents;
+        std::string problem;
+        EXPECT_EQ(nxFileHelper::Read(path, contents, problem), nxErrorEnum::OK) << problem;
+        return contents;
+    }
+
+    void ExpectWritten(const std::string& path, const std::string& contents) {
+        std::string problem;
+        EXPECT_EQ(nxFileHelper::Write(path, contents, problem), nxErrorEnum::OK) << problem;
+        EXPECT_EQ(Contents(path), contents);
+    }
+
+    void ExpectNotWritten(const std::string& path, const std::string& contents) {
+        std::string problem;
+        EXPECT_EQ(nxFileHelper::Write(path, contents, problem), nxErrorEnum::OutputNotWritten) << path;
+        EXPECT_NE(problem, "");
+    }
+
+    std::set<std::string> NamesIn(const fs::path& folder) {
+        std::set<std::string> names;
+        for (const fs::directory_entry& entry : fs::directory_iterator(folder))
+            names.insert(entry.path().filename());
+        return names;
+    }
+
+    // While it lives, this process can write no file of more than `size` bytes, as if the disk were full.
+    class FileSizeLimit {
+    public:
+        explicit FileSizeLimit(rlim_t size) : _signalBefore(std::signal(SIGXFSZ, SIG_IGN)) {
+            getrlimit(RLIMIT_FSIZE, &_before);
+            rlimit limit = _before;
+            limit.rlim_cur = size;
+            setrlimit(RLIMIT_FSIZE, &limit);
+        }
+        ~FileSizeLimit() {
+            setrlimit(RLIMIT_FSIZE, &_before);
+            std::signal(SIGXFSZ, _signalBefore);
+        }
+        FileSizeLimit(const FileSizeLimit&) = delete;
+        FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+
+    private:
+        void (*_signalBefore)(int);
+        rlimit _before{};
+    };
+} // namespace
+
+TEST(nxFileHelperWrite, ThatFailsHalfwayLeavesTheFileOfBeforeAndNothingElse) {
+    const nxTempFolder folder;
+    const std::string path = folder.PathOf("a.xml");
+    ExpectWritten(path, "before");
+    {
+        const FileSizeLimit limit(1000);
+        ExpectNotWritten(path, std::string(100'000, 'x'));
+        ExpectNotWritten(folder.PathOf("new.xml"), std::string(100'000, 'x'));
+    }
+    EXPECT_EQ(Contents(path), "before");
+    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a.xml"});
+}
+
+TEST(nxFileHelperWrite, MakesAndReplacesFilesOfAnyBytesAndSize) {
+    const nxTempFolder folder;
+    const std::string path = folder.PathOf("a.xml");
+    ExpectWritten(path, std::string("\0\r\n\xFF", 4));
+    ExpectWritten(path, "");
+    ExpectWritten(path, std::string(3'000'000, 'x'));
+    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a.xml"});
+}
+
+TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
+    const nxTempFolder folder;
+    const std::string path = folder.PathOf("real.xml");
+    fs::create_directory(folder.Path() / "links");
+    fs::create_symlink("../real.xml", folder.PathOf("links/a.xml"));
+    fs::create_symlink("links/a.xml", folder.PathOf("b.xml"));
+    ExpectWritten(path, "before");
+    for (const mode_t mode : {0600U, 0444U, 0666U}) { // as they stand, whatever the umask
+        ASSERT_EQ(chmod(path.c_str(), mode), 0);
+        ExpectWritten(folder.PathOf("b.xml"), "after");
+        EXPECT_EQ(static_cast<mode_t>(fs::status(path).permissions()), mode);
+    }
+    EXPECT_EQ(Contents(path), "after");
+    EXPECT_EQ(fs::read_symlink(folder.PathOf("links/a.xml")), "../real.xml");
+    EXPECT_EQ(fs::read_symlink(folder.PathOf("b.xml")), "links/a.xml");
+    EXPECT_EQ(NamesIn(folder.Path() / "links"), std::set<std::string>{"a.xml"});
+}
+
+TEST(nxFileHelperWrite, GivesANewFileThePermissionsOfTheUmask) {
+    const nxTempFolder folder;
+    const mode_t before = umask(027);
+    ExpectWritten(folder.PathOf("a.xml"), "text");
+    umask(before);
+    EXPECT_EQ(static_cast<mode_t>(fs::status(folder.PathOf("a.xml")).permissions()), 0640U);
+}
+
+TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhenTheyAreFull) {
+    ExpectNotWritten("/dev/full", "text");
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    std::string problem;
+    EXPECT_EQ(nxFileHelper::Write("/dev/null", "text", problem), nxErrorEnum::OK) << problem;
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(nxFileHelperWrite, SaysWhenTheNameIsNoPlaceForAFile) {
+    const nxTempFolder folder;
+    ExpectNotWritten(folder.PathOf("missing/a.xml"), "text");
+    ExpectNotWritten(folder.Path(), "text");
+    ExpectNotWritten("", "text");
+    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>());
+}
+
+TEST(nxFileHelperRead, LeavesTheContentsUntouchedWhenThereAreNone) {
+    const nxTempFolder folder;
+    for (const std::string& path : {folder.PathOf("missing.xml"), folder.Path().native(), std::string()}) {
+        std::string contents = "before";
+        std::string problem;
+        EXPECT_EQ(nxFileHelper::Read(path, contents, problem), nxErrorEnum::InputNotUsable) << path;
+        EXPECT_EQ(contents, "before") << path;
+        EXPECT_NE(problem, "") << path;
+    }
+}

@@ -1,0 +1,360 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+// The command `xmlframework`, run as a process in a folder of its own.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace {
+    using Arguments = std::vector<std::string>;
+
+    struct Outcome {
+        int status; // -1: ended by a signal
+        std::string out;
+        std::string err;
+    };
+
+    constexpr char Header13[] = "COUNTRY,ISO COUNTRY CODE (ISO 3166),MIC,OPERATING MIC,O/S,"
+                                "NAME-INSTITUTION DESCRIPTION,ACRONYM,CITY,WEBSITE,STATUS DATE,STATUS,"
+                                "CREATION DATE,COMMENTS\r\n";
+    constexpr char Header17[] = "MIC,OPERATING MIC,OPRT/SGMT,MARKET NAME-INSTITUTION DESCRIPTION,"
+                                "LEGAL ENTITY NAME,LEI,MARKET CATEGORY CODE,ACRONYM,"
+                                "ISO COUNTRY CODE (ISO 3166),CITY,WEBSITE,STATUS,CREATION DATE,"
+                                "LAST UPDATE DATE,LAST VALIDATION DATE,EXPIRY DATE,COMMENTS\r\n";
+
+    std::string Mapping(const std::string& path, const std::string& id) {
+        return "<AlgoMapping><AlgoPath>" + path + "</AlgoPath><AlgoID>" + id + "</AlgoID></AlgoMapping>";
+    }
+    std::string MappingList(const std::string& mappings) {
+        return "<AlgoIDMappingList><AlgoIDMappings>" + mappings + "</AlgoIDMappings></AlgoIDMappingList>";
+    }
+    std::string MICList(const std::string& items) {
+        return "<MICDefinitionList><MICDefinitions>" + items + "</MICDefinitions></MICDefinitionList>";
+    }
+} // namespace
+
+class nxTool : public testing::Test {
+protected:
+    void SetUp() override {
+        std::string pattern = testing::TempDir() + "/nxtool.XXXXXX";
+        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
+        _folder = pattern;
+    }
+    void TearDown() override { std::filesystem::remove_all(_folder); }
+
+    void _Write(const std::string& name, const std::string& contents) const {
+        std::ofstream(_folder / name, std::ios::binary) << contents;
+    }
+    std::string _Read(const std::filesystem::path& name) const {
+        std::ifstream file(_folder / name, std::ios::binary);
+        EXPECT_TRUE(file) << name;
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    // `largestFile`: the system refuses to let a file grow beyond.
+    Outcome _Run(Arguments arguments, const std::string& in = "", rlim_t largestFile = RLIM_INFINITY) const {
+        _Write(".in", in);
+        arguments.insert(arguments.begin(), NX_TOOL_PATH);
+        std::vector<char*> argv;
+        std::ranges::transform(arguments, std::back_inserter(argv), [](auto& text) { return text.data(); });
+        argv.push_back(nullptr);
+
+        const pid_t child = ::fork();
+        if (child == 0)
+            _Become(argv, largestFile);
+        int status = 0;
+        EXPECT_EQ(::waitpid(child, &status, 0), child);
+        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, _Read(".out"), _Read(".err")};
+    }
+
+    // Runs a command that has nothing to say.
+    void _RunQuietly(const Arguments& arguments) const {
+        const Outcome outcome = _Run(arguments);
+        EXPECT_EQ(outcome.status, 0) << outcome.err;
+        EXPECT_EQ(outcome.out, "");
+    }
+
+    std::filesystem::path _folder;
+
+private:
+    [[noreturn]] void _Become(const std::vector<char*>& argv, rlim_t largestFile) const {
+        const rlimit limit{largestFile, largestFile};
+        const bool ready = ::chdir(_folder.c_str()) == 0 && _Redirect(".in", O_RDONLY, STDIN_FILENO) &&
+                           _Redirect(".out", O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO) &&
+                           _Redirect(".err", O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO) &&
+                           std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
+        if (ready)
+            ::execv(argv.front(), argv.data());
+        ::_exit(127);
+    }
+    static bool _Redirect(const char* path, int flags, int descriptor) {
+        return ::dup2(::open(path, flags, 0600), descriptor) == descriptor;
+    }
+};
+
+TEST_F(nxTool, ListsTheRegisteredRecords) {
+    const Outcome types = _Run({"types"});
+    EXPECT_EQ(types.status, 0);
+    EXPECT_NE(types.out.find("\nALID  nxAlgoIDMappingList"), std::string::npos) << types.out;
+    EXPECT_NE(types.out.find("\nXMIC  nxMICDefinitionList"), std::string::npos) << types.out;
+    EXPECT_EQ(types.out.substr(0, types.out.find('\n')).substr(0, 11), "CODE  CLASS");
+}
+
+TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
+    _Write("some.xml", MICList(""));
+    const Arguments senseless[] = {{},
+                                   {"frobnicate"},
+                                   {"types", "some.xml"},
+                                   {"check"},
+                                   {"check", "--type", "NOPE", "some.xml"},
+                                   {"check", "--log-level", "loud", "some.xml"},
+                                   {"convert", "some.xml", "-o"},
+                                   {"show", "some.xml", "some.xml"},
+                                   {"mic"},
+                                   {"mic", "update", "some.xml"},
+                                   {"mic", "import", "some.csv", "--encoding", "ebcdic"}};
+    for (const Arguments& arguments : senseless) {
+        const Outcome outcome = _Run(arguments);
+        EXPECT_EQ(outcome.status, 2) << testing::PrintToString(arguments);
+        EXPECT_EQ(outcome.out, "");
+        EXPECT_NE(outcome.err, "");
+    }
+    EXPECT_EQ(_Run({"--help"}).status, 0);
+    EXPECT_EQ(_Run({"mic", "import", "--help"}).status, 0);
+
+    const std::string version = _Run({"--version"}).out;
+    int parts[3] = {};
+    EXPECT_EQ(std::sscanf(version.c_str(), "xmlframework %d.%d.%d", &parts[0], &parts[1], &parts[2]), 3)
+        << version;
+}
+
+TEST_F(nxTool, ChecksFilesAndSaysUnderEachWhatTheLogSaysOfIt) {
+    _Write("good.xml", MappingList(Mapping("a", "1") + Mapping("b", "2")));
+    _Write("dropped.xml", MappingList(Mapping("a", "1") + Mapping("a", "2")));
+    _Write("cut.xml", "<AlgoIDMappingList>\n  <AlgoIDMappings></Algo");
+    _Write("other.xml", "<Other/>");
+    _Write("invalid.xml", MICList("<MICDefinition-X/>"));
+
+    EXPECT_EQ(_Run({"check", "good.xml"}).status, 0);
+    const Outcome all =
+        _Run({"check", "good.xml", "dropped.xml", "cut.xml", "other.xml", "invalid.xml", "gone.xml", "-"},
+             MICList(""));
+    EXPECT_EQ(all.status, 1);
+    EXPECT_EQ(all.err, ""); // no progress bar where there is no terminal
+    std::string expected = "good.xml: OK (algo ID mapping list, 2 items)\n"
+                           "dropped.xml: OK (algo ID mapping list, 1 item)\n"
+                           "  error: Failed to create algo mapping from XML element. Algo path is duplicate. "
+                           "Algo path: a\n"
+                           "cut.xml: FAILED 1007000 XML parse failed\n"
+                           "  error: DOM Fatal Error. URI: cut.xml, Line: 2, Column: ";
+    EXPECT_EQ(all.out.substr(0, expected.size()), expected);
+    expected = "  error: Errors occurred, no output available\n"
+               "other.xml: FAILED 1000002 Invalid data\n"
+               "  no record has the root element \"Other\"\n"
+               "invalid.xml: FAILED 1000002 Invalid data\n"
+               "  the record is read, but not valid\n"
+               "gone.xml: FAILED 1003000 Input not usable\n"
+               "  No such file or directory\n"
+               "-: OK (MIC definition list, 0 items)\n";
+    EXPECT_EQ(all.out.substr(all.out.find("  error: Errors occurred")), expected);
+
+    EXPECT_EQ(_Run({"check", "--type", "XMIC", "other.xml"}).out,
+              "other.xml: OK (MIC definition list, 0 items)\n");
+    EXPECT_EQ(_Run({"check", "dropped.xml", "--log-level", "fatal"}).out,
+              "dropped.xml: OK (algo ID mapping list, 1 item)\n");
+}
+
+TEST_F(nxTool, ConvertsARecordToItsOwnForm) {
+    _Write("loose.xml", "<?xml version='1.0'?>\n<AlgoIDMappingList> <AlgoIDMappings>\n" + Mapping("b", "02") +
+                            "<!-- - -->" + Mapping("a", "1") + "</AlgoIDMappings></AlgoIDMappingList>\n");
+    const std::string canonical = MappingList(Mapping("a", "1") + Mapping("b", "2"));
+    EXPECT_EQ(_Run({"convert", "loose.xml"}).out, canonical);
+    _RunQuietly({"convert", "loose.xml", "-o", "loose.xml"});
+    EXPECT_EQ(_Read("loose.xml"), canonical);
+}
+
+TEST_F(nxTool, LeavesTheOutputFileAsItWasWhenItCannotBeWritten) {
+    constexpr rlim_t Limit = 4096;
+    std::string mappings;
+    for (int i = 0; i < 200; ++i)
+        mappings += Mapping("path " + std::to_string(i), std::to_string(i));
+    _Write("in.xml", MappingList(mappings));
+    _Write("out.xml", "old");
+
+    const Outcome outcome = _Run({"convert", "in.xml", "-o", "out.xml"}, "", Limit);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, "xmlframework: cannot write out.xml: File too large\n");
+    EXPECT_EQ(_Read("out.xml"), "old");
+    const std::filesystem::directory_iterator folder(_folder);
+    EXPECT_EQ(std::distance(begin(folder), end(folder)), 5); // nothing is left lying about
+
+    EXPECT_EQ(_Run({"convert", "in.xml"}, "", Limit).status, 1);
+    EXPECT_EQ(_Run({"convert", "in.xml", "-o", "no/such/folder.xml"}).status, 1);
+}
+
+TEST_F(nxTool, ShowsATableInWholeCharactersAndWithoutControlCharacters) {
+    _Write("mics.xml", MICList("<MICDefinition-A><MIC>A</MIC><City>TROMSØ</City><Name>LINE&#10;END</Name>"
+                               "</MICDefinition-A><MICDefinition-B><MIC>B</MIC><City>OSLO</City>"
+                               "<Name>\u009B31m&#9;\u007F</Name><IsOperatingMIC>true</IsOperatingMIC>"
+                               "</MICDefinition-B>"));
+    const Outcome outcome = _Run({"show", "mics.xml"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out,
+              "MIC  OPERATING MIC  O/S  STATUS   COUNTRY  CITY    ACRONYM  NAME\n"
+              "A                   S    DELETED           TROMSØ           LINE\u240AEND\n"
+              "B                   O    DELETED           OSLO             \\xC2\\x9B31m\u2409\u2421\n");
+}
+
+TEST_F(nxTool, ImportsBothLayoutsOfTheRegister) {
+    _Write("old.csv",
+           std::string("\uFEFF") + Header13 +
+               "\"NORWAY\",\"NO\",\"XABC\",\"XABC\",\"O\",\"BØRS \"\"A\"\", LTD\",\"\",\"OSLO\",\"\","
+               "\"MAY 2010\",\"MODIFIED\",\"JUNE 2005\",\"ONE\r\nTWO\"\r\n");
+    _RunQuietly({"mic", "import", "old.csv", "-o", "old.xml"});
+    EXPECT_EQ(
+        _Read("old.xml"),
+        MICList("<MICDefinition-XABC><MIC>XABC</MIC><Country>NORWAY</Country><ISOCountryCode>NO"
+                "</ISOCountryCode><OperatingMIC>XABC</OperatingMIC><IsOperatingMIC>true</IsOperatingMIC>"
+                "<Name>BØRS \"A\", LTD</Name><Acronym></Acronym><City>OSLO</City><Website></Website>"
+                "<StatusDate>MAY 2010</StatusDate><IsActive>true</IsActive><CreationDate>JUNE 2005"
+                "</CreationDate><Comments>ONE&#xD;\nTWO</Comments></MICDefinition-XABC>"));
+
+    _Write("new.csv", std::string(Header17) +
+                          "XGHI,XABC,SGMT,\x93GH\x94 \x96 B\xD6RSE,OWNER,LEI1,MLTF,GH,DE,BERLIN,,EXPIRED,"
+                          "20010203,20210927,20210927,20211231,\n"
+                          "XDEF,XDEF,OPRT,DEF,OWNER,LEI2,MLTF,,AT,WIEN,W.AT,UPDATED,20020304,20200101,,,C");
+    const Outcome outcome = _Run({"mic", "import", "new.csv", "-o", "new.xml"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err,
+              "new.csv: note: a MIC definition does not hold these columns: LEGAL ENTITY NAME, LEI, "
+              "MARKET CATEGORY CODE, LAST VALIDATION DATE, EXPIRY DATE\n"
+              "new.csv: note: this layout has no country names\n"
+              "new.csv: 2 rows in Windows-1252, 2 used, 0 not used\n");
+    EXPECT_EQ(_Run({"mic", "export", "new.xml"}).out,
+              std::string(Header13) +
+                  ",AT,XDEF,XDEF,O,DEF,,WIEN,W.AT,20200101,ACTIVE,20020304,C\r\n"
+                  ",DE,XGHI,XABC,S,“GH” – BÖRSE,GH,BERLIN,,20210927,DELETED,20010203,\r\n");
+}
+
+TEST_F(nxTool, NamesEachRowThatItCannotUseAndUsesTheOthers) {
+    _Write("bad.csv", std::string(Header13) + // \xC9 makes it Windows-1252, which gives \x81 no meaning
+                          ",,GOOD,GOOD,O,CAF\xC9,,,,,ACTIVE,,\n"
+                          ",,FEWA,FEWA,O,SHORT\n"
+                          ",,,NONE,O,,,,,,ACTIVE,,\n"
+                          ",,GOOD,GOOD,O,AGAIN,,,,,ACTIVE,,\n"
+                          ",,QUOT,QUOT,O,\"A\"B,,,,,ACTIVE,,\n"
+                          ",,BYTE,BYTE,O,\x81,,,,,ACTIVE,,\n"
+                          ",,CTRL,CTRL,O,\x01,,,,,ACTIVE,,\n"
+                          ",,A B,A B,O,,,,,,ACTIVE,,\n"
+                          ",,MARK,MARK,,,,,,,ACTIVE,,\n"
+                          ",,STAT,STAT,O,,,,,,SLEEPING,,\n"
+                          ",,LAST,LAST,S,,,,,,DELETED,,\n");
+    const Outcome outcome = _Run({"mic", "import", "bad.csv", "-o", "mics.xml"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(
+        outcome.err,
+        "bad.csv:3: row not used: 6 columns instead of 13\n"
+        "bad.csv:4: row not used: no MIC\n"
+        "bad.csv:5: row not used: MIC GOOD stands on line 2 already\n"
+        "bad.csv:6: row not used: the quotes do not match\n"
+        "bad.csv:7: row not used: NAME-INSTITUTION DESCRIPTION is no Windows-1252 text\n"
+        "bad.csv:8: row not used: NAME-INSTITUTION DESCRIPTION holds a character that XML cannot carry\n"
+        "bad.csv:9: row not used: 'A B' is no MIC: it has other characters than letters and digits\n"
+        "bad.csv:10: row not used: no O/S\n"
+        "bad.csv:11: row not used: STATUS is unknown: 'SLEEPING'\n"
+        "bad.csv: 11 rows in Windows-1252, 2 used, 9 not used\n");
+    EXPECT_EQ(_Run({"mic", "export", "mics.xml"}).out,
+              std::string(Header13) + ",,GOOD,GOOD,O,CAFÉ,,,,,ACTIVE,,\r\n,,LAST,LAST,S,,,,,,DELETED,,\r\n");
+
+    const Outcome asUTF8 = _Run({"mic", "import", "--encoding", "utf-8", "bad.csv", "-o", "mics.xml"});
+    EXPECT_NE(asUTF8.err.find("bad.csv:2: row not used: NAME-INSTITUTION DESCRIPTION is no UTF-8 text\n"),
+              std::string::npos)
+        << asUTF8.err;
+    _Write("other.csv", "A,B\n1,2\n");
+    EXPECT_EQ(_Run({"mic", "import", "other.csv", "-o", "other.xml"}).status, 1);
+    EXPECT_FALSE(exists(_folder / "other.xml"));
+}
+
+TEST_F(nxTool, UpdatesDefinitionsAndTellsWhatChanges) {
+    _Write("old.csv", std::string(Header13) + "NORWAY,NO,KEPT,KEPT,O,KEPT,,OSLO,,MAY,ACTIVE,MAY,\n"
+                                              "NORWAY,NO,GONE,GONE,O,GONE,,OSLO,,MAY,ACTIVE,MAY,\n"
+                                              "NORWAY,NO,BADR,BADR,O,BADR,,OSLO,,MAY,ACTIVE,MAY,\n"
+                                              "NORWAY,NO,CHNG,CHNG,O,CHNG,,OSLO,,MAY,ACTIVE,MAY,OLD\n");
+    _Write("new.csv", std::string(Header13) + "NORWAY,NO,KEPT,KEPT,O,KEPT,,OSLO,,MAY,MODIFIED,MAY,\n"
+                                              "NORWAY,NO,CHNG,CHNG,O,\"A, \"\"B\"\"\",,OSLO,,,EXPIRED,MAY,\n"
+                                              "NORWAY,NO,BADR,BADR,?,BADR,,OSLO,,MAY,ACTIVE,MAY,\n"
+                                              "NORWAY,NO,XNEW,XNEW,S,XNEW,,OSLO,,MAY,ACTIVE,MAY,\n");
+    _RunQuietly({"mic", "import", "old.csv", "-o", "mics.xml"});
+    const Outcome outcome = _Run({"mic", "update", "mics.xml", "new.csv", "-o", "mics.xml"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "CHNG: name='A, \"B\"', isActive=false\n"
+                           "XNEW: new, name='XNEW'\n"
+                           "GONE: gone from the register, kept\n"
+                           "1 changed, 1 new, 1 gone\n");
+    EXPECT_EQ(outcome.err, "new.csv:4: row not used: O/S is unknown: '?'\n"
+                           "new.csv: 4 rows in UTF-8, 3 used, 1 not used\n");
+    EXPECT_EQ(_Run({"mic", "export", "mics.xml"}).out,
+              std::string(Header13) + "NORWAY,NO,BADR,BADR,O,BADR,,OSLO,,MAY,ACTIVE,MAY,\r\n"
+                                      "NORWAY,NO,CHNG,CHNG,O,\"A, \"\"B\"\"\",,OSLO,,MAY,DELETED,MAY,OLD\r\n"
+                                      "NORWAY,NO,GONE,GONE,O,GONE,,OSLO,,MAY,ACTIVE,MAY,\r\n"
+                                      "NORWAY,NO,KEPT,KEPT,O,KEPT,,OSLO,,MAY,ACTIVE,MAY,\r\n"
+                                      "NORWAY,NO,XNEW,XNEW,S,XNEW,,OSLO,,MAY,ACTIVE,MAY,\r\n");
+
+    // Standard output is the document's when no file is named, and only the document's.
+    EXPECT_EQ(_Run({"mic", "update", "mics.xml", "old.csv"}).out.substr(0, 18), "<MICDefinitionList");
+    _Write("algos.xml", MappingList(""));
+    EXPECT_EQ(_Run({"mic", "update", "algos.xml", "old.csv"}).status, 1);
+}
+
+struct Register {
+    const char* path;
+    const char* totals;
+    std::vector<std::string> texts; // that stand in the register, and so in the document
+};
+
+class nxToolOnARegister : public nxTool, public testing::WithParamInterface<Register> {};
+
+TEST_P(nxToolOnARegister, LosesNothingOnTheWayToXMLAndBack) {
+    const std::string path = GetParam().path;
+    if (!std::filesystem::exists(path))
+        GTEST_SKIP() << path << " is not there";
+
+    const Outcome import = _Run({"mic", "import", path, "-o", "mics.xml"});
+    EXPECT_EQ(import.status, 0);
+    EXPECT_NE(import.err.find(GetParam().totals), std::string::npos) << import.err;
+    const std::string xml = _Read("mics.xml");
+    for (const std::string& text : GetParam().texts)
+        EXPECT_NE(xml.find(text), std::string::npos) << text;
+
+    EXPECT_EQ(_Run({"mic", "export", "mics.xml", "-o", "mics.csv"}).status, 0);
+    EXPECT_EQ(_Run({"mic", "import", "mics.csv", "-o", "again.xml"}).status, 0);
+    EXPECT_EQ(_Read("again.xml"), xml);
+    EXPECT_EQ(_Run({"mic", "update", "mics.xml", path, "-o", "mics.xml"}).out, "0 changed, 0 new, 0 gone\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Registers, nxToolOnARegister,
+    testing::Values(
+        Register{NX_SOURCE_DIR "/examples/data/mic-register-sample.csv",
+                 ": 20 rows in UTF-8, 20 used, 0 not used\n",
+                 {"<Name>BÖRSE GRÜNSTADT – FREIVERKEHR</Name>", "<Name>THE \"OLD TOLL\" EXCHANGE LTD"}},
+        Register{NX_SHARED_DATA "/iso10383-2020-13-columns-utf8.csv",
+                 ": 2017 rows in UTF-8, 2017 used, 0 not used\n",
+                 {"MERCADORIAS DE MARINGÁ<", "“STOCK EXCHANGE INNEX”<", "ČESKOSLOVENSKÁ OBCHODNÍ BANKA"}},
+        Register{NX_SHARED_DATA "/iso10383-2023-17-columns-cp1252.csv",
+                 ": 2603 rows in Windows-1252, 2603 used, 0 not used\n",
+                 {"<Name>EURONEXT - MERCADO DE FUTUROS E OPÇÕES<", ">CORPORATE ACTIONS — CAVEAT EMPTOR.<",
+                  "RIVERCROSS™ IS AN"}}));
