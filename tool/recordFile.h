@@ -35,8 +35,7 @@ namespace tool {
     // is known, and the log lines since the last time.
     std::string FailureLines(const std::string& path, const nxErrorEnum& result, const std::string& problem);
 
-    // For commands that work on one record: reads it and says on standard error what there is to say. Its
-    // record is null
-    // when it cannot be read.
+    // For commands that work on one record: reads it and says on standard error what there is to say. The
+    // record is null when it cannot be read.
     RecordFile ReadRecordOrComplain(const std::string& path);
 } // namespace tool

@@ -52,13 +52,12 @@ namespace {
         return week + "|";
     }
 
-    // Over the week's line.
+    // Over the week's line: each day's name and number.
     std::string WeekHeading() {
         std::string heading;
-        for (const char* const day : DayNames) {
-            heading += ' ';
-            heading += day;
-            heading.append(CellsPerDay - 3, ' ');
+        for (std::size_t day = 0; day < DayNames.size(); ++day) {
+            const std::string name = DayNames[day] + (" " + std::to_string(day));
+            heading += ' ' + name + std::string(CellsPerDay - name.size(), ' ');
         }
         return heading;
     }

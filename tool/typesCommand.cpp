@@ -13,18 +13,16 @@ namespace {
     using namespace tool;
 
     ExitStatus PrintTypes() {
-        Table table({"CODE", "CLASS", "ROOT ELEMENT"});
-        for (const RecordKind& kind : RecordKinds()) {
-            if (kind.isRegistered)
-                table.AddRow({kind.code, std::string(kind.className), kind.root});
-        }
+        Table table({"CODE", "CLASS", "ROOT ELEMENT", "REGISTERED"});
+        for (const RecordKind& kind : RecordKinds())
+            table.AddRow(
+                {kind.code, std::string(kind.className), kind.root, kind.isRegistered ? "yes" : "no"});
         std::cout << table.Format();
         return AllGood;
     }
 } // namespace
 
 void tool::AddTypesCommand(CLI::App& program, Command& chosen) {
-    program.add_subcommand("types", "List the registered records")->callback([&chosen] {
-        chosen = PrintTypes;
-    });
+    program.add_subcommand("types", "List the classes of records, and which of them the registry makes")
+        ->callback([&chosen] { chosen = PrintTypes; });
 }

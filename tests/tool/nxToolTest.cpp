@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -105,12 +106,17 @@ private:
     }
 };
 
-TEST_F(nxTool, ListsTheRegisteredRecords) {
+TEST_F(nxTool, ListsEveryClassOfRecords) {
     const Outcome types = _Run({"types"});
     EXPECT_EQ(types.status, 0);
-    EXPECT_NE(types.out.find("\nALID  nxAlgoIDMappingList"), std::string::npos) << types.out;
-    EXPECT_NE(types.out.find("\nXMIC  nxMICDefinitionList"), std::string::npos) << types.out;
-    EXPECT_EQ(types.out.substr(0, types.out.find('\n')).substr(0, 11), "CODE  CLASS");
+    EXPECT_EQ(std::ranges::count(types.out, '\n'), 1 + 13);
+    for (const char* const code :
+         {"ALID", "BROK", "EXCH", "ALGO", "KJOB", "KMOD", "XMIC", "SPSI", "SPRD", "TRSL", "URTL"})
+        EXPECT_TRUE(std::regex_search(types.out, std::regex(std::string("\n") + code + "  nx.* yes\n")))
+            << code << types.out;
+    EXPECT_TRUE(
+        std::regex_search(types.out, std::regex("\n      nxKestrumUserLimit +KestrumUserLimit +no\n")));
+    EXPECT_TRUE(std::regex_search(types.out, std::regex("\nOPUS  nx.* no\n")));
 }
 
 TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
@@ -123,6 +129,9 @@ TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
                                    {"check", "--log-level", "loud", "some.xml"},
                                    {"convert", "some.xml", "-o"},
                                    {"show", "some.xml", "some.xml"},
+                                   {"show", "some.xml", "--format", "yaml"},
+                                   {"diff", "some.xml"},
+                                   {"check", "--algorithm", "some.xml", "some.xml"},
                                    {"mic"},
                                    {"mic", "update", "some.xml"},
                                    {"mic", "import", "some.csv", "--encoding", "ebcdic"}};
@@ -177,6 +186,28 @@ TEST_F(nxTool, ChecksFilesAndSaysUnderEachWhatTheLogSaysOfIt) {
               "dropped.xml: OK (algo ID mapping list, 1 item)\n");
 }
 
+TEST_F(nxTool, PrintsWhyASpreadIsRefused) {
+    const std::string leg = "<OrderType>Limit</OrderType><RiskRatio>1</RiskRatio>";
+    const auto spread = [&leg](const std::string& first) {
+        return "<SyntheticSpreadSpec><Legs><Leg-0><WorkingLeg>true</WorkingLeg>" + first + leg +
+               "</Leg-0><Leg-1><HedgeAggressionMethod>Market</HedgeAggressionMethod>" + leg +
+               "</Leg-1></Legs></SyntheticSpreadSpec>";
+    };
+    _Write("good.xml", spread(""));
+    _Write("bad.xml", spread("<ConditionalPayup>true</ConditionalPayup><PayupTicks>2</PayupTicks>"));
+    const Outcome checked = _Run({"check", "good.xml", "bad.xml"});
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_EQ(
+        checked.out,
+        "good.xml: OK (synthetic spread order specification, 2 legs)\n"
+        "bad.xml: FAILED 1000002 Invalid data\n"
+        "  the record is read, but not valid\n"
+        "  error: Conditional/cascade payup is enabled, but trigger volume is not set. Trigger volume: NULL, "
+        "Payup method: Conditional payup\n");
+    EXPECT_NE(_Run({"show", "bad.xml"}).out.find("\nPayup method                 Conditional  Plain\n"),
+              std::string::npos);
+}
+
 TEST_F(nxTool, ConvertsARecordToItsOwnForm) {
     _Write("loose.xml", "<?xml version='1.0'?>\n<AlgoIDMappingList> <AlgoIDMappings>\n" + Mapping("b", "02") +
                             "<!-- - -->" + Mapping("a", "1") + "</AlgoIDMappings></AlgoIDMappingList>\n");
@@ -216,6 +247,88 @@ TEST_F(nxTool, ShowsATableInWholeCharactersAndWithoutControlCharacters) {
               "MIC  OPERATING MIC  O/S  STATUS   COUNTRY  CITY    ACRONYM  NAME\n"
               "A                   S    DELETED           TROMSØ           LINE\u240AEND\n"
               "B                   O    DELETED           OSLO             \\xC2\\x9B31m\u2409\u2421\n");
+}
+
+TEST_F(nxTool, ShowsWhatIsAskedFor) {
+    _Write("hours.xml",
+           "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
+           "<Periods><Period><SessionType>CONTINUOUS_TRADING</SessionType>"
+           "<StartTimeZoneRegion>Europe/Oslo</StartTimeZoneRegion><StartTime>21:00:00</StartTime>"
+           "<StartDay>0</StartDay><EndTime>02:59:59</EndTime><EndDay>1</EndDay></Period></Periods>"
+           "</Scheme></TradingHoursSchemes></TradingHoursSchemesList>");
+    EXPECT_EQ(_Run({"show", "hours.xml"}).out,
+              "SCHEME  SESSION              Mon 0    Tue 1    Wed 2    Thu 3    Fri 4    Sat 5    Sun 6      "
+              "FROM                      TO\n"
+              "Night   Continuous trading  |       =|=       |        |        |        |        |        |  "
+              "Mon 21:00:00 Europe/Oslo  Tue 02:59:59\n");
+
+    _Write("brokers.xml",
+           "<BrokerMap><Broker id='9' name='North &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
+    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "NORTH"}).out, "ID  BROKER\n9   North & Sons\n");
+    EXPECT_EQ(_Run({"show", "brokers.xml", "--format", "json"}).out,
+              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"North & Sons\"\n  },\n"
+              "  {\n    \"id\": \"10\",\n    \"name\": \"Harbour\"\n  }\n]\n");
+    _Write("statistics.xml",
+           "<OrvalenPriceStatistics><userID>7</userID><ProductStatistic><productID>P</productID>"
+           "</ProductStatistic></OrvalenPriceStatistics>");
+    EXPECT_NE(_Run({"show", "statistics.xml", "--format", "json"}).out.find("\"ProductStatistic\": [\n"),
+              std::string::npos);
+}
+
+TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
+    const auto definition = [](const std::string& name, const std::string& type,
+                               const std::string& optional) {
+        return "<Parameter><Name>" + name + "</Name><ParameterType>" + type + "</ParameterType><Optional>" +
+               optional + "</Optional></Parameter>";
+    };
+    _Write("algo.xml", "<KestrumAlgorithmSpec><Parameters>" + definition("Limit", "PRICE", "false") +
+                           definition("Style", "TEXT", "true") + "</Parameters></KestrumAlgorithmSpec>");
+    const auto job = [](const std::string& parameters) {
+        return "<KestrumJobSpec><AlgorithmSpecName>hold</AlgorithmSpecName><Parameters>" + parameters +
+               "</Parameters><Limits><Limit><ProductID>FESX</ProductID><MaxShort>1</MaxShort>"
+               "<MaxLong>2</MaxLong><MaxBuys>3</MaxBuys><MaxSells>4</MaxSells><ClipLimit>5</ClipLimit>"
+               "<Strategy>false</Strategy><Netting>true</Netting><AccountID>6</AccountID></Limit></Limits>"
+               "</KestrumJobSpec>";
+    };
+    _Write("good.xml", job("Limit=101.50^^|^^Style=eager^^|^^"));
+    _Write("missing.xml", job("Style=eager^^|^^"));
+    _Write("unknown.xml", job("Limit=1^^|^^Other=1^^|^^"));
+    _Write("malformed.xml", job("Limit=1^^|^^Style=a line b^^|^^Limit"));
+
+    const std::string shown = _Run({"show", "good.xml"}).out;
+    EXPECT_NE(shown.find("\nPARAMETER  VALUE\nLimit      101.50\nStyle      eager\n"), std::string::npos)
+        << shown;
+    EXPECT_TRUE(std::regex_search(shown, std::regex("\nPRODUCT +SHORT .*\nFESX +1 "))) << shown;
+
+    EXPECT_EQ(_Run({"check", "missing.xml"}).status, 0);
+    const Outcome checked =
+        _Run({"check", "--algorithm", "algo.xml", "good.xml", "missing.xml", "unknown.xml", "malformed.xml"});
+    EXPECT_EQ(checked.status, 1);
+    EXPECT_EQ(checked.out, "good.xml: OK (Kestrum job specification, 2 parameters, 1 limit)\n"
+                           "missing.xml: FAILED 1000002 Invalid data\n"
+                           "  Mandatory parameter: Limit is not set\n"
+                           "unknown.xml: FAILED 1000002 Invalid data\n"
+                           "  the parameters are malformed, or not those of the algorithm\n"
+                           "  error: Unable to find parameter definition for parameter named: Other\n"
+                           "malformed.xml: FAILED 1000002 Invalid data\n"
+                           "  the parameters are malformed, or not those of the algorithm\n");
+}
+
+TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
+    _Write("a.xml", MappingList(Mapping("gone", "1") + Mapping("same", "2") + Mapping("other", "3")));
+    _Write("b.xml", MappingList(Mapping("other", "4") + Mapping("new", "1") + Mapping("same", "2")));
+    const Outcome outcome = _Run({"diff", "a.xml", "b.xml"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "AlgoIDMappings/gone: removed\n"
+                           "AlgoIDMappings/other/AlgoID: '3' -> '4'\n"
+                           "AlgoIDMappings/new: added\n"
+                           "1 added, 1 removed, 1 changed\n");
+    const Outcome same = _Run({"diff", "a.xml", "-"}, _Read("a.xml"));
+    EXPECT_EQ(same.status, 0);
+    EXPECT_EQ(same.out, "");
+    _Write("mics.xml", MICList(""));
+    EXPECT_EQ(_Run({"diff", "a.xml", "mics.xml"}).status, 2);
+    EXPECT_EQ(_Run({"diff", "a.xml", "nothing.xml"}).status, 2);
 }
 
 TEST_F(nxTool, ImportsBothLayoutsOfTheRegister) {
