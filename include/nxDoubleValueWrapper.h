@@ -8,7 +8,6 @@
 #include "include/nxErrorEnum.h"
 #include "include/nxInitializers.h"
 
-#include <compare>
 #include <string>
 #include <string_view>
 

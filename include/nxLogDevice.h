@@ -13,8 +13,7 @@ public:
     virtual ~nxLogDevice();
 
     // Called for each record, by the thread that logs and by one thread at a time. Anything that it throws is
-    // swallowed, and what it logs itself is dropped. It must not
-    // change the manager's devices.
+    // swallowed, and what it logs itself is dropped. It must not change the manager's devices.
     virtual void Write(const nxLog& record) = 0;
 
 protected:

@@ -5,7 +5,7 @@
 #include "tool/view.h"
 #include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
 
-#include <functional>
+#include <string>
 #include <utility>
 
 namespace {
@@ -27,49 +27,50 @@ namespace {
         return value.IsUndefined() ? std::string() : value.GetShortDescription();
     }
 
-    std::string Band(const nxUnsignedValueWrapper& range, const nxUnsignedValueWrapper& ticks) {
+    template <auto Get>
+    std::string TextOf(const Leg& leg) {
+        return Text((leg.*Get)());
+    }
+
+    // A band of which only one half is set says so: it is not valid, or does nothing.
+    template <auto GetRange, auto GetTicks>
+    std::string BandOf(const Leg& leg) {
+        const nxUnsignedValueWrapper range = (leg.*GetRange)(), ticks = (leg.*GetTicks)();
         if (range.IsNull() && ticks.IsNull())
             return {};
-        return Text(range) + " wide: " + Text(ticks);
+        return range.GetAsString() + " wide: " + ticks.GetAsString();
     }
 
     struct Setting {
         const char* name;
-        std::function<std::string(const Leg&)> text;
+        std::string (*text)(const Leg&);
     };
 
     // What is not set shows as an empty cell.
-    const Setting Settings[] = {
-        {"Working leg", [](const Leg& leg) { return Text(leg.GetWorkingLeg()); }},
-        {"Order type", [](const Leg& leg) { return Text(leg.GetOrderType()); }},
-        {"Risk ratio", [](const Leg& leg) { return Text(leg.GetLeaningLegRiskRatio()); }},
-        {"Tail size", [](const Leg& leg) { return Text(leg.GetTailSize()); }},
-        {"Payup method", [](const Leg& leg) { return Text(leg.GetPayupMethod()); }},
-        {"Payup ticks", [](const Leg& leg) { return Text(leg.GetPayupTicks()); }},
-        {"Conditional trigger volume",
-         [](const Leg& leg) { return Text(leg.GetConditionalTriggerVolume()); }},
-        {"Conditional trigger ratio", [](const Leg& leg) { return Text(leg.GetConditionalTriggerRatio()); }},
-        {"Pessimistic VWAP", [](const Leg& leg) { return Text(leg.GetPessimisticVWAP()); }},
-        {"Finesse", [](const Leg& leg) { return Text(leg.GetFinesse()); }},
-        {"Finesse trigger volume", [](const Leg& leg) { return Text(leg.GetFinesseTriggerVolume()); }},
-        {"Finesse trigger ratio", [](const Leg& leg) { return Text(leg.GetFinesseTriggerRatio()); }},
-        {"Auction mode leg", [](const Leg& leg) { return Text(leg.GetIsAuctionModeLeg()); }},
-        {"Hedge aggression method", [](const Leg& leg) { return Text(leg.GetHedgeAggressionMethod()); }},
-        {"Scratch payup ticks", [](const Leg& leg) { return Text(leg.GetScratchPayupTicks()); }},
-        {"Sensitivity band 1",
-         [](const Leg& leg) { return Band(leg.GetSensitivityRangeTicks_1(), leg.GetSensitivityTicks_1()); }},
-        {"Sensitivity band 2",
-         [](const Leg& leg) { return Band(leg.GetSensitivityRangeTicks_2(), leg.GetSensitivityTicks_2()); }},
-        {"Sensitivity band 3",
-         [](const Leg& leg) { return Band(leg.GetSensitivityRangeTicks_3(), leg.GetSensitivityTicks_3()); }},
-        {"Sensitivity band 4",
-         [](const Leg& leg) { return Band(leg.GetSensitivityRangeTicks_4(), leg.GetSensitivityTicks_4()); }},
-        {"Sensitivity band 5",
-         [](const Leg& leg) { return Band(leg.GetSensitivityRangeTicks_5(), leg.GetSensitivityTicks_5()); }},
-        {"Time restriction from order",
-         [](const Leg& leg) { return Text(leg.GetInheritsTimeRestrictionFromSpreadOrder()); }},
-        {"Account ID override", [](const Leg& leg) { return Text(leg.GetAccountIDOverride()); }},
-        {"Execution restriction", [](const Leg& leg) { return Text(leg.GetExecutionRestriction()); }},
+    constexpr Setting Settings[] = {
+        {"Working leg", TextOf<&Leg::GetWorkingLeg>},
+        {"Order type", TextOf<&Leg::GetOrderType>},
+        {"Risk ratio", TextOf<&Leg::GetLeaningLegRiskRatio>},
+        {"Tail size", TextOf<&Leg::GetTailSize>},
+        {"Payup method", TextOf<&Leg::GetPayupMethod>},
+        {"Payup ticks", TextOf<&Leg::GetPayupTicks>},
+        {"Conditional trigger volume", TextOf<&Leg::GetConditionalTriggerVolume>},
+        {"Conditional trigger ratio", TextOf<&Leg::GetConditionalTriggerRatio>},
+        {"Pessimistic VWAP", TextOf<&Leg::GetPessimisticVWAP>},
+        {"Finesse", TextOf<&Leg::GetFinesse>},
+        {"Finesse trigger volume", TextOf<&Leg::GetFinesseTriggerVolume>},
+        {"Finesse trigger ratio", TextOf<&Leg::GetFinesseTriggerRatio>},
+        {"Auction mode leg", TextOf<&Leg::GetIsAuctionModeLeg>},
+        {"Hedge aggression method", TextOf<&Leg::GetHedgeAggressionMethod>},
+        {"Scratch payup ticks", TextOf<&Leg::GetScratchPayupTicks>},
+        {"Sensitivity band 1", BandOf<&Leg::GetSensitivityRangeTicks_1, &Leg::GetSensitivityTicks_1>},
+        {"Sensitivity band 2", BandOf<&Leg::GetSensitivityRangeTicks_2, &Leg::GetSensitivityTicks_2>},
+        {"Sensitivity band 3", BandOf<&Leg::GetSensitivityRangeTicks_3, &Leg::GetSensitivityTicks_3>},
+        {"Sensitivity band 4", BandOf<&Leg::GetSensitivityRangeTicks_4, &Leg::GetSensitivityTicks_4>},
+        {"Sensitivity band 5", BandOf<&Leg::GetSensitivityRangeTicks_5, &Leg::GetSensitivityTicks_5>},
+        {"Time restriction from order", TextOf<&Leg::GetInheritsTimeRestrictionFromSpreadOrder>},
+        {"Account ID override", TextOf<&Leg::GetAccountIDOverride>},
+        {"Execution restriction", TextOf<&Leg::GetExecutionRestriction>},
     };
 
     // Leg by leg, side by side.

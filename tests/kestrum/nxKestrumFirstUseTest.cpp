@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The first algorithm specs of a process, made by two threads at once: most of use under the thread
-// sanitizer. A program of its own, so that no other test was there before.
+// The first use of the engine's own parameters in a process, by two threads at once: most of use under the
+// thread sanitizer. A program of its own, so that no other test was there before. And the last use.
 
 #include "tests/support/nxPrint.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
@@ -10,23 +10,46 @@
 #include <gtest/gtest.h>
 
 #include <barrier>
+#include <cstdlib>
 #include <memory>
 #include <thread>
 #include <vector>
+
+namespace {
+    bool FindsSystemParameter() {
+        std::vector<nxKestrumParameter*> parameters;
+        const nxErrorEnum result =
+            nxKestrumAlgorithmSpec().ExtractParametersFromUserString("$classroomNumber=7\x01", parameters);
+        const std::vector<std::unique_ptr<nxKestrumParameter>> owned(parameters.begin(), parameters.end());
+        return result.IsOK() && owned.size() == 1 && owned[0]->GetIsSystemParameter();
+    }
+
+    // Destroyed behind whatever the program makes after its start.
+    struct LastUse {
+        ~LastUse() {
+            if (isWanted && !FindsSystemParameter())
+                std::_Exit(1);
+        }
+        bool isWanted = false;
+    } lastUse;
+} // namespace
 
 TEST(nxKestrumAlgorithmSpecFirstUse, MayHappenInTwoThreadsAtOnce) {
     std::barrier start(2);
     const auto use = [&start] {
         start.arrive_and_wait();
-        const nxKestrumAlgorithmSpec spec;
-        std::vector<nxKestrumParameter*> parameters;
-        EXPECT_EQ(spec.ExtractParametersFromUserString("$classroomNumber=7\x01", parameters),
-                  nxErrorEnum::OK);
-        ASSERT_EQ(parameters.size(), 1U);
-        EXPECT_TRUE(std::unique_ptr<nxKestrumParameter>(parameters[0])->GetIsSystemParameter());
+        EXPECT_TRUE(FindsSystemParameter());
     };
     std::thread first(use);
     std::thread second(use);
     first.join();
     second.join();
+}
+
+TEST(nxKestrumAlgorithmSpecLastUse, MayHappenWhileTheProgramEnds) {
+    const auto useAndExit = [] {
+        lastUse.isWanted = true;
+        std::exit(FindsSystemParameter() ? 0 : 2); // NOLINT(concurrency-mt-unsafe)
+    };
+    EXPECT_EXIT(useAndExit(), testing::ExitedWithCode(0), "^$");
 }

@@ -9,10 +9,10 @@
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 
 #include <gtest/gtest.h>
-#include <time.h> // clock_gettime
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime> // clock_gettime
 #include <functional>
 #include <map>
 #include <memory>

@@ -3,18 +3,15 @@
 
 #include "xmlFramework/market/nxAlgoIDMappingList.h"
 
-#include "tests/support/nxCollectedLog.h"
-#include "tests/support/nxPrint.h"
 #include "tests/support/nxRandomText.h"
+#include "tests/support/nxRecordText.h"
 
-#include <gtest/gtest.h>
-
-#include <limits>
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace {
+    using nxRecordText::Read;
+    using nxRecordText::Written;
     using Mappings = nxAlgoIDMappingList::Mappings;
     using Strings = std::vector<std::string>;
 
@@ -39,11 +36,9 @@ TEST(nxAlgoIDMappingListConvertToXML, WritesTheMappingsInByteOrderOfTheirPaths) 
     for (const auto& [mappings, xml] : cases) {
         nxAlgoIDMappingList list;
         list.GetAlgoIDMappings() = mappings;
-        std::string written = "before";
-        EXPECT_EQ(list.ConvertToXML(written, "ignored"), nxErrorEnum::OK);
-        EXPECT_EQ(written, xml);
+        EXPECT_EQ(Written(list), xml);
         nxAlgoIDMappingList read;
-        EXPECT_EQ(read.ConvertFromXML(written, ""), nxErrorEnum::OK);
+        Read(read, xml);
         EXPECT_EQ(read.GetAlgoIDMappings(), mappings);
     }
 }
@@ -67,11 +62,9 @@ TEST(nxAlgoIDMappingListConvertFromXML, TakesMappingsWhereverTheyMayStand) {
         {InList(Mapping(" p\n", "0")), {{" p\n", 0}}},
     };
     for (const auto& [xml, mappings] : cases) {
-        const nxCollectedLog log;
         nxAlgoIDMappingList list;
-        EXPECT_EQ(list.ConvertFromXML(xml, "prefix: "), nxErrorEnum::OK) << xml;
+        Read(list, xml);
         EXPECT_EQ(list.GetAlgoIDMappings(), mappings) << xml;
-        EXPECT_EQ(log.Entries(), Strings()) << xml;
     }
 }
 
@@ -114,8 +107,8 @@ TEST(nxAlgoIDMappingListConvertFromXML, LogsAndLeavesOutAMappingThatBreaksARule)
 
 TEST(nxAlgoIDMappingListConvertFromXML, EmptiesTheListFirst) {
     nxAlgoIDMappingList list;
-    EXPECT_EQ(list.ConvertFromXML(InList(Mapping("p", "1")), ""), nxErrorEnum::OK);
-    EXPECT_EQ(list.ConvertFromXML(InList(Mapping("q", "1")), ""), nxErrorEnum::OK);
+    Read(list, InList(Mapping("p", "1")));
+    Read(list, InList(Mapping("q", "1")));
     EXPECT_EQ(list.GetAlgoIDMappings(), (Mappings{{"q", 1}}));
 
     const nxCollectedLog log;
@@ -133,11 +126,9 @@ TEST(nxAlgoIDMappingListRoundTrip, KeepsAnyTextThatXMLCarries) {
         nxAlgoIDMappingList list;
         for (unsigned int id = random.Below(5); id > 0; --id)
             list.GetAlgoIDMappings().emplace(random.Text(), id * 0x33333331);
-        std::string xml;
-        ASSERT_EQ(list.ConvertToXML(xml, ""), nxErrorEnum::OK);
         nxAlgoIDMappingList read;
-        ASSERT_EQ(read.ConvertFromXML(xml, ""), nxErrorEnum::OK);
-        ASSERT_EQ(read.GetAlgoIDMappings(), list.GetAlgoIDMappings()) << xml;
+        Read(read, Written(list));
+        ASSERT_EQ(read.GetAlgoIDMappings(), list.GetAlgoIDMappings()) << Written(list);
     }
 }
 

@@ -3,19 +3,17 @@
 
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
-#include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxMICSample.h"
-#include "tests/support/nxPrint.h"
 #include "tests/support/nxRandomText.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/nxRecordText.h"
 
 #include <memory>
-#include <string>
 #include <vector>
 
 namespace {
     using nxMICSample::Fields;
+    using nxRecordText::Read;
+    using nxRecordText::Written;
     using Strings = std::vector<std::string>;
 
     void Add(nxMICDefinitionList& list, const Fields& fields) {
@@ -46,20 +44,19 @@ TEST(nxMICDefinitionListConvertToXML, WritesTheItemsByTheirKeysAndLogsEach) {
     list.GetMICDefinitions()["XA"] =
         std::make_shared<nxMICDefinition>(nxMICSample::Make(nxMICSample::Example));
     const nxCollectedLog log;
-    std::string xml = "before";
-    EXPECT_EQ(list.ConvertToXML(xml, "ignored"), nxErrorEnum::OK);
     EXPECT_EQ(
-        xml, InList("<MICDefinition-XA><MIC>XABC</MIC><Country>UNITED KINGDOM</Country>"
-                    "<ISOCountryCode>GB</ISOCountryCode><OperatingMIC>XABC</OperatingMIC>"
-                    "<IsOperatingMIC>true</IsOperatingMIC><Name>Example &amp; Co</Name><Acronym>EXA</Acronym>"
-                    "<City>LONDON</City><Website>www.a.b</Website><StatusDate>20240101</StatusDate>"
-                    "<IsActive>true</IsActive><CreationDate>20050530</CreationDate><Comments>none</Comments>"
-                    "</MICDefinition-XA>"
-                    "<MICDefinition-XB><MIC>XB</MIC><Country></Country><ISOCountryCode></ISOCountryCode>"
-                    "<OperatingMIC></OperatingMIC><IsOperatingMIC>false</IsOperatingMIC><Name></Name>"
-                    "<Acronym></Acronym><City></City><Website></Website><StatusDate></StatusDate>"
-                    "<IsActive>false</IsActive><CreationDate></CreationDate><Comments></Comments>"
-                    "</MICDefinition-XB>"));
+        Written(list),
+        InList("<MICDefinition-XA><MIC>XABC</MIC><Country>UNITED KINGDOM</Country>"
+               "<ISOCountryCode>GB</ISOCountryCode><OperatingMIC>XABC</OperatingMIC>"
+               "<IsOperatingMIC>true</IsOperatingMIC><Name>Example &amp; Co</Name><Acronym>EXA</Acronym>"
+               "<City>LONDON</City><Website>www.a.b</Website><StatusDate>20240101</StatusDate>"
+               "<IsActive>true</IsActive><CreationDate>20050530</CreationDate><Comments>none</Comments>"
+               "</MICDefinition-XA>"
+               "<MICDefinition-XB><MIC>XB</MIC><Country></Country><ISOCountryCode></ISOCountryCode>"
+               "<OperatingMIC></OperatingMIC><IsOperatingMIC>false</IsOperatingMIC><Name></Name>"
+               "<Acronym></Acronym><City></City><Website></Website><StatusDate></StatusDate>"
+               "<IsActive>false</IsActive><CreationDate></CreationDate><Comments></Comments>"
+               "</MICDefinition-XB>"));
     EXPECT_EQ(log.Entries(), (Strings{"Converting MIC definition to XML. Element: MICDefinition-XA",
                                       "Converting MIC definition to XML. Element: MICDefinition-XB"}));
     EXPECT_EQ(log.Records().back().level.GetEnumValue(), 31U);
@@ -68,9 +65,8 @@ TEST(nxMICDefinitionListConvertToXML, WritesTheItemsByTheirKeysAndLogsEach) {
 
 TEST(nxMICDefinitionListConvertToXML, LogsNothingForAnEmptyList) {
     const nxCollectedLog log;
-    std::string xml;
-    EXPECT_EQ(nxMICDefinitionList().ConvertToXML(xml, ""), nxErrorEnum::OK);
-    EXPECT_EQ(xml, "<MICDefinitionList><MICDefinitions/></MICDefinitionList>");
+    nxMICDefinitionList list;
+    EXPECT_EQ(Written(list), "<MICDefinitionList><MICDefinitions/></MICDefinitionList>");
     EXPECT_TRUE(log.Entries().empty());
 }
 
@@ -97,27 +93,24 @@ TEST(nxMICDefinitionListConvertFromXML, TakesTheItemsOfAllContainersByTheirOwnMI
         {InList("<MICDEFINITION-A/>" + Item("B", "B", "b")), {}},
     };
     for (const auto& [xml, names] : cases) {
-        const nxCollectedLog log;
         nxMICDefinitionList list;
-        EXPECT_EQ(list.ConvertFromXML(xml, "prefix: "), nxErrorEnum::OK) << xml;
+        Read(list, xml);
         EXPECT_EQ(NamesByMIC(list), names) << xml;
-        EXPECT_EQ(log.Entries(), Strings()) << xml;
     }
 }
 
 TEST(nxMICDefinitionListConvertFromXML, AddsToWhatTheListHolds) {
     nxMICDefinitionList list;
     for (const char* name : {"first", "second"})
-        EXPECT_EQ(list.ConvertFromXML(InList(Item("A", "A", name)), ""), nxErrorEnum::OK);
-    EXPECT_EQ(list.ConvertFromXML(InList(Item("B", "B", "b")), ""), nxErrorEnum::OK);
+        Read(list, InList(Item("A", "A", name)));
+    Read(list, InList(Item("B", "B", "b")));
     EXPECT_EQ(NamesByMIC(list), (Strings{"A=first", "B=b"}));
 
-    const nxCollectedLog log;
-    EXPECT_EQ(list.ConvertFromXML("<?xml version='1.2'?><a/>", "prefix: "), nxErrorEnum::InvalidData);
+    nxRecordText::ExpectRefused(
+        list, "<?xml version='1.2'?><a/>",
+        "Failed to convert XML data to spread spec. Unable to create XML document from XML string",
+        "nxMICDefinitionList");
     EXPECT_EQ(NamesByMIC(list), (Strings{"A=first", "B=b"}));
-    EXPECT_EQ(log.Entries().back(), "prefix: Failed to convert XML data to spread spec. Unable to create XML "
-                                    "document from XML string");
-    EXPECT_EQ(log.Records().back().sourceFile, "xmlFramework/trunk/nxMICDefinitionList");
 }
 
 TEST(nxMICDefinitionListIsValid, GivesTheResultOfTheFirstItemThatIsNot) {
@@ -172,13 +165,11 @@ TEST(nxMICDefinitionListRoundTrip, KeepsAnyTextThatXMLCarries) {
             fields[10] = random.Flag() ? "true" : "false";
             Add(list, fields);
         }
-        std::string xml;
-        ASSERT_EQ(list.ConvertToXML(xml, ""), nxErrorEnum::OK);
         nxMICDefinitionList read;
-        ASSERT_EQ(read.ConvertFromXML(xml, ""), nxErrorEnum::OK);
+        Read(read, Written(list));
         ASSERT_EQ(read.GetMICDefinitions().size(), list.GetMICDefinitions().size());
         for (const auto& [mic, definition] : list.GetMICDefinitions())
             ASSERT_EQ(nxMICSample::Of(*read.GetMICDefinitions().at(mic)), nxMICSample::Of(*definition))
-                << xml;
+                << Written(list);
     }
 }

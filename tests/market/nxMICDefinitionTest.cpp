@@ -5,11 +5,8 @@
 
 #include "core/nxCSVFileReader.h"
 #include "tests/support/nxMICSample.h"
-#include "tests/support/nxPrint.h"
 #include "tests/support/nxRandomText.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/nxRecordText.h"
 
 #include <string>
 
@@ -19,31 +16,13 @@ namespace {
     using nxMICSample::Make;
     using nxMICSample::Of;
     using nxMICSample::Row;
-
-    const Fields Empty = Of(nxMICDefinition());
+    using nxRecordText::ReadItem;
 
     std::string Line(const nxCSVFileRow& row) {
         std::string line = row.GetColValue(0);
         for (unsigned int i = 1; i < row.GetColCount(); ++i)
             line.append(",").append(row.GetColValue(i));
         return line;
-    }
-
-    void Read(nxMICDefinition& definition, const std::string& children) {
-        nxXMLDocument document;
-        ASSERT_EQ(document.LoadFromString("<item>" + children + "</item>"), nxErrorEnum::OK) << children;
-        nxXMLElement item = document.GetRootElement();
-        EXPECT_EQ(definition.ConvertFromXML(item, "ignored"), nxErrorEnum::OK);
-    }
-
-    std::string Written(const nxMICDefinition& definition) {
-        nxXMLDocument document;
-        document.CreateDocument("item");
-        nxXMLElement item = document.GetRootElement();
-        EXPECT_EQ(definition.ConvertToXML(item, "ignored"), nxErrorEnum::OK);
-        std::string xml;
-        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
-        return xml;
     }
 } // namespace
 
@@ -167,12 +146,12 @@ TEST(nxMICDefinitionConvertToCSV, ReadsBackTheSameByWayOfAFile) {
 
 TEST(nxMICDefinitionConvertToXML, WritesOneElementAField) {
     EXPECT_EQ(
-        Written(Make(Example)),
-        "<item><MIC>XABC</MIC><Country>UNITED KINGDOM</Country><ISOCountryCode>GB</ISOCountryCode>"
+        nxRecordText::WrittenItem(Make(Example)),
+        "<MIC>XABC</MIC><Country>UNITED KINGDOM</Country><ISOCountryCode>GB</ISOCountryCode>"
         "<OperatingMIC>XABC</OperatingMIC><IsOperatingMIC>true</IsOperatingMIC><Name>Example &amp; Co</Name>"
         "<Acronym>EXA</Acronym><City>LONDON</City><Website>www.a.b</Website>"
         "<StatusDate>20240101</StatusDate><IsActive>true</IsActive><CreationDate>20050530</CreationDate>"
-        "<Comments>none</Comments></item>");
+        "<Comments>none</Comments>");
     nxXMLElement none;
     EXPECT_EQ(nxMICDefinition().ConvertToXML(none, ""), nxErrorEnum::OK);
     EXPECT_EQ(Make(Example).ConvertFromXML(none, ""), nxErrorEnum::OK);
@@ -197,11 +176,11 @@ TEST(nxMICDefinitionConvertFromXML, TakesEachElementIntoItsFieldAndTheLastOfSeve
     };
     for (const auto& [children, expected] : cases) {
         nxMICDefinition definition = Make(Example);
-        Read(definition, children);
+        ReadItem(definition, children);
         EXPECT_EQ(Of(definition), expected) << children;
     }
     nxMICDefinition definition;
-    Read(definition, "<IsActive>TRUE</IsActive><IsOperatingMIC>1</IsOperatingMIC>");
+    ReadItem(definition, "<IsActive>TRUE</IsActive><IsOperatingMIC>1</IsOperatingMIC>");
     EXPECT_TRUE(definition.GetIsActive() && definition.GetIsOperatingMIC());
 }
 

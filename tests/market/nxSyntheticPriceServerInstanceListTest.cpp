@@ -66,9 +66,13 @@ TEST(nxSyntheticPriceServerInstanceListConvertToXML, NamesTheInstanceThatXMLCann
     std::string xml = "before";
     EXPECT_EQ(list.ConvertToXML(xml, "ignored"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(xml, "before");
-    EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error),
-              Strings{"Failed to add synthetic price server instance as child element to XML document. "
-                      "Synthetic price server instance: b\x01"
-                      "d"});
-    EXPECT_EQ(log.Records().back().sourceFile, "xmlFramework/trunk/nxSyntheticPriceServerInstanceList");
+    Strings own; // the document may add why
+    for (const CollectedRecord& record : log.Records()) {
+        EXPECT_EQ(record.level, nxLogLevelEnum::Error);
+        if (record.sourceFile == "xmlFramework/trunk/nxSyntheticPriceServerInstanceList")
+            own.push_back(record.entry);
+    }
+    EXPECT_EQ(own, Strings{"Failed to add synthetic price server instance as child element to XML document. "
+                           "Synthetic price server instance: b\x01"
+                           "d"});
 }

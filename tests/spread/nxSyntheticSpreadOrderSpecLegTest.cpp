@@ -221,6 +221,11 @@ TEST(nxSyntheticSpreadOrderSpecLegPayup, OlderAndNewerFormReadToEqualLegs) {
                 EXPECT_TRUE(leg.IsEqual(expected)) << document << "\n" << Written(leg);
             }
         }
+        // A method that is named wins against any flags.
+        for (const char* named : {"Plain", "Conditional", "Cascade", "No change"}) {
+            const std::string newer = finesseFlag + Element("PayupMethod", named);
+            EXPECT_TRUE(Read(payupFlags + newer).IsEqual(Read(newer))) << payupFlags << newer;
+        }
     }
 }
 

@@ -6,6 +6,7 @@
 #include "core/nxDataCategoryEnum.h"
 #include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxPrint.h"
+#include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
 #include "xmlFramework/market/nxAlgoIDMappingList.h"
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
@@ -73,6 +74,16 @@ TEST(nxXMLDataObjectCreateInstance, GivesNullForACodeThatNobodyRegistered) {
     EXPECT_EQ(Create(nxDataCategoryEnum::OrvalenPriceUsageStatistics), nullptr);
     EXPECT_EQ(Create(0), nullptr);
     EXPECT_EQ(Create(0x616C6964), nullptr); // "alid"
+}
+
+TEST(nxXMLDataObjectConvertToXML, LogsWhatCannotBeCarriedWhenTheRecordStopsThere) {
+    nxKestrumModuleSpec record;
+    record.SetSourceCode("\x01");
+    const nxCollectedLog log;
+    std::string xml = "before";
+    EXPECT_EQ(record.ConvertToXML(xml, ""), nxErrorEnum::XMLTextNotCarried);
+    EXPECT_EQ(xml, "before");
+    EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error).size(), 1U);
 }
 
 TEST(nxXMLDataObjectRegister, KeepsTheFirstRecordOfACodeAndLogsTheSecond) {

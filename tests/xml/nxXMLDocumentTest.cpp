@@ -204,7 +204,7 @@ TEST(nxXMLDocumentLoadFromFile, TakesPathsAndFileURIs) {
     EXPECT_EQ(Saved(document), "<a>1</a>");
 }
 
-TEST(nxXMLDocumentLoadFromFile, SaysThatThereIsNoDocumentUnlessOneWasLoadedBefore) {
+TEST(nxXMLDocumentLoadFromFile, SaysThatAFileThatCannotBeReadGaveNoDocument) {
     const nxTempFolder folder;
     const struct {
         std::string path;
@@ -224,7 +224,7 @@ TEST(nxXMLDocumentLoadFromFile, SaysThatThereIsNoDocumentUnlessOneWasLoadedBefor
         EXPECT_EQ(log.Entries(), Strings{"Error during parsing: '" + path + "'\nException message is:  \n" +
                                          problem + "\n"});
         ASSERT_EQ(document.LoadFromString("<a/>"), nxErrorEnum::OK);
-        EXPECT_EQ(document.LoadFromFile(path), nxErrorEnum::XMLParseFailed) << path;
+        EXPECT_EQ(document.LoadFromFile(path), nxErrorEnum::XMLNoDocumentParsed) << path;
         EXPECT_EQ(Saved(document), "<a/>");
     }
 }
@@ -249,6 +249,22 @@ TEST(nxXMLDocumentLoadFromFile, NamesTheFileInWhatItLogs) {
                  "Message is: implementation does not support the requested type of object or operation",
                  "Error during parsing: '" + longer +
                      "'\nException message is:  \nthe text goes on behind the end of the document\n"}));
+}
+
+TEST(nxXMLDocumentLoadFromFile, SaysThatThereIsNoDocumentWhenTheParserThrowsUnlessOneWasLoadedBefore) {
+    const nxTempFolder folder;
+    const std::string path = folder.PathOf("a.xml");
+    WriteFile(path, "<?xml version='1.2' encoding='UTF-16'?><a/>"); // a warning, and then it throws
+    const nxCollectedLog log;
+    EXPECT_EQ(nxXMLDocument().LoadFromFile(path), nxErrorEnum::XMLNoDocumentParsed);
+    ASSERT_EQ(log.Entries().size(), 3U);
+    EXPECT_TRUE(log.Entries().front().starts_with("DOM Warning. URI: " + path));
+    EXPECT_TRUE(log.Entries().back().starts_with("Message is: "));
+
+    nxXMLDocument document;
+    ASSERT_EQ(document.LoadFromString("<b/>"), nxErrorEnum::OK);
+    EXPECT_EQ(document.LoadFromFile(path), nxErrorEnum::XMLParseFailed);
+    EXPECT_EQ(Saved(document), "<b/>");
 }
 
 TEST(nxXMLDocumentLoadFromFileViaString, HandsBackTheTextWithLineFeeds) {
@@ -365,12 +381,14 @@ TEST(nxXMLDocumentSaveToFile, KeepsTheFileThatWasThereWhenItFails) {
     }
     EXPECT_EQ(document.GetRootElement().SetValue("\x01"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(document.SaveToFile(path), nxErrorEnum::XMLTextNotCarried);
+    EXPECT_EQ(document.SaveToFileViaExistingString(path, "<a>\xFF</a>"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(
         log.Entries(),
         (Strings{"Error saving document: " + path + " \nException message is:  \nFile too large\n",
                  "Error saving document: " + path +
                      " \nException message is:  \na text cannot be carried by XML: it holds a character "
-                     "that XML 1.0 does not allow, in element 'a'\n"}));
+                     "that XML 1.0 does not allow, in element 'a'\n",
+                 "Error saving document: " + path + " \nException message is:  \nit is not valid UTF-8\n"}));
     EXPECT_EQ(FileContents(path), "old");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
 }

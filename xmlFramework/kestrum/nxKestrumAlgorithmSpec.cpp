@@ -86,7 +86,8 @@ struct nxKestrumAlgorithmSpec::SystemParameters {
 const bool nxKestrumAlgorithmSpec::_registered = nxXMLDataObject::_Register(new nxKestrumAlgorithmSpec);
 
 const nxKestrumAlgorithmSpec::SystemParameters& nxKestrumAlgorithmSpec::_TheSystemParameters() {
-    static const SystemParameters systemParameters;
+    // Never destroyed: jobs are checked while the process winds down, too.
+    static const auto& systemParameters = *new SystemParameters;
     return systemParameters;
 }
 
@@ -268,7 +269,9 @@ bool nxKestrumAlgorithmSpec::ValidateParameters(const std::vector<nxKestrumParam
             missing.insert(definition->GetName());
     }
     for (const nxKestrumParameter* parameter : parameters) {
-        const auto mandatory = parameter ? missing.find(parameter->GetName()) : missing.end();
+        if (!parameter)
+            continue;
+        const auto mandatory = missing.find(parameter->GetName());
         if (mandatory == missing.end())
             continue;
         if (parameter->IsNull())

@@ -48,8 +48,9 @@ public:
     void SetHideParentOrder(bool hideParentOrder) { _hideParentOrder = hideParentOrder; }
 
     // The parameters that the script takes. The spec owns the definitions; they may be changed in place, but
-    // not renamed. Add stores a copy; a name that is taken already is logged and refused with false. Set
-    // stores copies in place of the definitions held, each by way of Add.
+    // not renamed. The list itself changes by the operations here only, which keep the names in step. Add
+    // stores a copy; a name that is taken already is logged and refused with false. Set stores copies in
+    // place of the definitions held, each by way of Add.
     const Definitions& GetScriptParameterDefinitions() const { return _scriptParameters.Get(); }
     nxKestrumParameterDefinition*
     GetScriptParameterDefinition(const std::string& name) const; // null: unknown

@@ -4,6 +4,7 @@
 #include "xmlFramework/market/nxBrokerMap.h"
 
 #include "core/nxDataCategoryEnum.h"
+#include "core/nxStringHelper.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
 

@@ -9,6 +9,7 @@
 #include "xmlFramework/xml/nxXMLConversion.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxExchangeDefinitionList";

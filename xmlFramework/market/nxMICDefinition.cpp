@@ -4,13 +4,13 @@
 #include "xmlFramework/market/nxMICDefinition.h"
 
 #include "core/nxCSVFileReader.h"
-#include "core/nxStringHelper.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
-    // What CSV rows say of a field: its label among the changes of an update, and the two texts of a flag.
+    // What CSV rows say of a field: its label among the changes of an update, null for the key, which an
+    // update never changes, and the two texts of a flag.
     struct CSVColumn {
-        const char* label;
+        const char* label = nullptr;
         const char* trueText = "";
         const char* falseText = "";
     };
@@ -37,7 +37,7 @@ namespace {
 
         void operator()(const char* /*name*/, std::string& field, const CSVColumn& column) {
             const std::string value = _row.GetColValue(_index++);
-            if (value.empty() || IsKey())
+            if (value.empty() || !column.label)
                 return;
             field = value;
             AddChange(column.label, "'" + value + "'");
@@ -51,8 +51,6 @@ namespace {
         }
 
     private:
-        bool IsKey() const { return _index == 1; } // the MIC, which the row and the record have in common
-
         void AddChange(const char* label, const std::string& value) {
             if (!_changes.empty())
                 _changes += ", ";
@@ -84,7 +82,7 @@ namespace {
 struct nxMICDefinition::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
-        field("MIC", record._mic, CSVColumn{"mic"});
+        field("MIC", record._mic, CSVColumn{});
         field("Country", record._country, CSVColumn{"country"});
         field("ISOCountryCode", record._isoCountryCode, CSVColumn{"isoCountryCode"});
         field("OperatingMIC", record._operatingMIC, CSVColumn{"operatingMIC"});

@@ -7,7 +7,8 @@
 #include "include/nxLogLevels.h"
 #include "xmlFramework/market/nxKeyedItems.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+
+#include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxMICDefinitionList";

@@ -143,8 +143,7 @@ struct nxSyntheticSpreadOrderSpecLeg_XML::PayupForms {
             leg._payupTicks = static_cast<int>(finesseTicks);
     }
 
-    static void Write(nxXMLElement& element, const Leg& leg) {
-        nxXMLFields::Writer field(element);
+    static void Write(nxXMLFields::Writer& field, const Leg& leg) {
         const bool cascade = leg._payupMethod == PayupMethod::Cascade;
         field("PayupMethod", Always(leg._payupMethod));
         field("ConditionalPayup", leg._IsConditionalPayup());
@@ -156,10 +155,10 @@ struct nxSyntheticSpreadOrderSpecLeg_XML::PayupForms {
     }
 };
 
-// The other settings, in the order of the document; the payup settings stand between the two lists.
+// The other settings, in the order of the document. Calls `visitPayup` where the payup settings stand.
 struct nxSyntheticSpreadOrderSpecLeg_XML::Fields {
-    template <class Record, class Visitor>
-    static void VisitBeforePayup(Record& leg, Visitor& field) {
+    template <class Visitor, class VisitPayup>
+    static void Visit(Leg& leg, Visitor& field, VisitPayup visitPayup) {
         field("WorkingLeg", leg._workingLeg);
         field("TailSize", IfSet(leg._tailSize));
         field("OrderType", Always(leg._orderType));
@@ -176,9 +175,7 @@ struct nxSyntheticSpreadOrderSpecLeg_XML::Fields {
         field("AccountIDOverride", Always(leg._accountIDOverride));
         field("HedgeAggressionMethod", IfSet(leg._hedgeAggressionMethod));
         field("ScratchPayupTicks", Always(leg._scratchPayupTicks));
-    }
-    template <class Record, class Visitor>
-    static void VisitBehindPayup(Record& leg, Visitor& field) {
+        visitPayup();
         for (std::size_t i = 0; i < leg._bands.size(); ++i) {
             field(BandTicksNames[i], IfSet(leg._bands[i].ticks));
             field(BandRangeNames[i], IfSet(leg._bands[i].rangeTicks));
@@ -195,10 +192,8 @@ nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertFromXML(nxXMLElement& elem
                                                               const std::string& /*logPrefix*/) {
     PayupForms payup;
     nxXMLFields::ReadInDocumentOrder(element, [this, &payup](auto& field) {
-        Fields::VisitBeforePayup(*this, field);
+        Fields::Visit(*this, field, [&payup, &field] { payup.Read(field); });
         field("IsAuctionModeLeg", _isAuctionModeLeg); // another name of "IsOpenAuctionModeLeg"
-        payup.Read(field);
-        Fields::VisitBehindPayup(*this, field);
     });
     payup.ApplyTo(*this);
     return nxErrorEnum::OK;
@@ -210,9 +205,7 @@ nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertToXML(nxXMLElement& elemen
         _payupMethod = PayupMethod::Plain;
 
     nxXMLFields::Writer field(element);
-    Fields::VisitBeforePayup(*this, field);
-    PayupForms::Write(element, *this);
-    Fields::VisitBehindPayup(*this, field);
+    Fields::Visit(*this, field, [this, &field] { PayupForms::Write(field, *this); });
     return nxErrorEnum::OK;
 }
 

@@ -3,15 +3,9 @@
 
 #include "xmlFramework/xml/nxXMLConversion.h"
 
-#include "include/nxLogLevels.h"
-#include "xmlFramework/xml/StrX.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 
 #include <xercesc/dom/DOMException.hpp>
-
-namespace {
-    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLConversion";
-} // namespace
 
 nxErrorEnum nxXMLConversion::Load(nxXMLDocument& document, const std::string& xml, const nxLogSite& site,
                                   const std::string& logPrefix, const char* message) {
@@ -24,20 +18,15 @@ nxErrorEnum nxXMLConversion::Load(nxXMLDocument& document, const std::string& xm
 nxErrorEnum nxXMLConversion::Save(const std::string& rootName, std::string& xmlOut,
                                   const std::function<nxErrorEnum(nxXMLElement& root)>& fill) {
     nxXMLDocument document;
-    document.CreateDocument(rootName);
+    nxErrorEnum result = document.CreateDocument(rootName);
+    if (!result.IsOK())
+        return result;
+
     nxXMLElement root = document.GetRootElement();
-    if (!root.IsValid())
-        return document.SaveToString(xmlOut); // says that there is no document
-    try {
-        const nxErrorEnum result = fill(root);
-        if (!result.IsOK())
-            return result;
-    } catch (const xercesc::DOMException& error) {
-        nxWriteLog({nxLogLevels::Error, SourceFile}, "Error building document '", rootName,
-                   "': a name cannot be carried by XML: ", StrX(error.getMessage()).Get());
-        return nxErrorEnum::XMLTextNotCarried;
-    }
-    return document.SaveToString(xmlOut);
+    result = fill(root);
+    if (result.IsOK() || result == nxErrorEnum(nxErrorEnum::XMLTextNotCarried))
+        return document.SaveToString(xmlOut); // which says what could not be carried
+    return result;
 }
 
 nxXMLElement nxXMLConversion::AddNamedByData(nxXMLElement& parent, const std::string& name) {

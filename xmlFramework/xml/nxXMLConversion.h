@@ -18,8 +18,8 @@ namespace nxXMLConversion {
                      const std::string& logPrefix, const char* message);
 
     // Makes a document, lets `fill` add to its root element, and saves it to `xmlOut`, which is untouched on
-    // failure. A failure of `fill` is returned and nothing is saved; a name that is no XML name gives
-    // nxErrorEnum::XMLTextNotCarried.
+    // failure. A failure of `fill` is returned and nothing is saved. Names made of data go through
+    // AddNamedByData.
     nxErrorEnum Save(const std::string& rootName, std::string& xmlOut,
                      const std::function<nxErrorEnum(nxXMLElement& root)>& fill);
 

@@ -59,15 +59,16 @@ namespace {
         const std::string& name;    // what the parser's messages call it
         const std::string& subject; // what the log shows when the parser throws
         const FailureTexts& texts;
-        nxErrorEnum withoutDocument; // the result when the parser gives no document
+        bool isFile;
     };
 
-    void LogFailure(const FailureTexts& texts, const std::string& subject, const std::string& message) {
+    template <class Message>
+    void LogFailure(const FailureTexts& texts, const std::string& subject, const Message& message) {
         nxWriteLog({nxLogLevels::Error, SourceFile}, "Error ", texts.operation, texts.open, subject,
                    texts.closeXML, "Exception message is:  \n", message, "\n");
     }
 
-    void LogFailure(const FailureTexts& texts, const std::string& subject, const DOMException& error) {
+    void LogDOMFailure(const FailureTexts& texts, const std::string& subject, const DOMException& error) {
         nxWriteLog({nxLogLevels::Error, SourceFile}, "\nDOM Error ", texts.operation, texts.open, subject,
                    texts.closeDOM, "DOMException code is:  ", error.code);
 
@@ -82,9 +83,9 @@ namespace {
         try {
             throw;
         } catch (const XMLException& error) {
-            LogFailure(texts, subject, StrX(error.getMessage()).Get());
+            LogFailure(texts, subject, [&error] { return std::string(StrX(error.getMessage()).Get()); });
         } catch (const DOMException& error) {
-            LogFailure(texts, subject, error);
+            LogDOMFailure(texts, subject, error);
         } catch (...) {
             nxWriteLog({nxLogLevels::Error, SourceFile}, "\nUnexpected exception ", texts.operation,
                        texts.open, subject, texts.closeOther);
@@ -169,7 +170,7 @@ namespace {
 
         std::string path;
         for (std::size_t i = 0; i < uri.size(); ++i) {
-            unsigned char byte = static_cast<unsigned char>(uri[i]);
+            auto byte = static_cast<unsigned char>(uri[i]);
             if (byte == '%') {
                 const std::string_view digits = uri.substr(i + 1, 2);
                 const char* const end = digits.data() + digits.size();
@@ -200,6 +201,14 @@ namespace {
         return false;
     }
 
+    nxErrorEnum WriteFile(const std::string& path, const std::string& utf8) {
+        std::string problem;
+        if (nxFileHelper::Write(path, utf8, problem).IsOK())
+            return nxErrorEnum::OK;
+        LogFailure(Saving, path, problem);
+        return nxErrorEnum::XMLWriteFailed;
+    }
+
     // Collects what the serialiser writes.
     class StringTarget final : public XMLFormatTarget {
     public:
@@ -212,7 +221,8 @@ namespace {
         std::string _text;
     };
 
-    Released<DOMLSSerializer> MakeSerialiser(DOMImplementation& implementation, nxDOMErrorHandler& handler) {
+    Released<DOMLSSerializer> CreateDOMSerialiser(DOMImplementation& implementation,
+                                                  nxDOMErrorHandler& handler) {
         Released<DOMLSSerializer> serialiser(implementation.createLSSerializer());
         DOMConfiguration* const configuration = serialiser->getDomConfig();
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
@@ -262,12 +272,14 @@ Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input) {
 
 nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
     Released<DOMDocument> parsed = Parse(input);
+    if (!parsed && input.isFile)
+        return document ? nxErrorEnum::XMLParseFailed : nxErrorEnum::XMLNoDocumentParsed;
     if (!errorHandler.GetStickyError().IsOK()) {
         nxWriteLog({nxLogLevels::Error, SourceFile}, "Errors occurred, no output available");
         return errorHandler.GetStickyError();
     }
     if (!parsed)
-        return input.withoutDocument;
+        return nxErrorEnum::XMLParseFailed;
     if (HasHiddenTail(input.text, *parsed)) {
         LogFailure(input.texts, input.subject, "the text goes on behind the end of the document");
         return nxErrorEnum::XMLParseFailed;
@@ -295,7 +307,7 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
 
     try {
         DOMImplementation& implementation = *Implementation(u"Core");
-        const Released<DOMLSSerializer> serialiser = MakeSerialiser(implementation, errorHandler);
+        const Released<DOMLSSerializer> serialiser = CreateDOMSerialiser(implementation, errorHandler);
         const Released<DOMLSOutput> output(implementation.createLSOutput());
         StringTarget target;
         output->setEncoding(XMLUni::fgUTF8EncodingString);
@@ -305,7 +317,7 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
         utf8 = target.Take();
         return nxErrorEnum::OK;
     } catch (const DOMLSException& error) { // something in the document is no XML 1.0
-        LogFailure(Saving, subject, error);
+        LogDOMFailure(Saving, subject, error);
         return nxErrorEnum::XMLTextNotCarried;
     } catch (...) {
         LogCurrentException(Saving, subject);
@@ -318,15 +330,13 @@ nxXMLDocument::nxXMLDocument() : _state(std::make_unique<State>()) {}
 nxXMLDocument::~nxXMLDocument() = default;
 
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::string& path) {
-    const nxErrorEnum withoutDocument =
-        _state->document ? nxErrorEnum::XMLParseFailed : nxErrorEnum::XMLNoDocumentParsed;
     std::string text;
     std::string problem;
     if (!nxFileHelper::Read(LocalPath(path).value_or(path), text, problem).IsOK()) {
         LogFailure(ParsingFile, path, problem);
-        return withoutDocument;
+        return nxErrorEnum::XMLNoDocumentParsed;
     }
-    return _state->Load({text, path, path, ParsingFile, withoutDocument});
+    return _state->Load({text, path, path, ParsingFile, true});
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
@@ -334,8 +344,7 @@ nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
 }
 
 nxErrorEnum nxXMLDocument::LoadFromString(const std::string& xml) {
-    return _state->Load(
-        {xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, nxErrorEnum::XMLParseFailed});
+    return _state->Load({xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false});
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFileViaString(const std::string& path, std::string& contents) {
@@ -384,7 +393,7 @@ nxErrorEnum nxXMLDocument::SaveToString(std::string& xmlOut) {
 nxErrorEnum nxXMLDocument::SaveToFile(const std::string& path) {
     std::string utf8;
     const nxErrorEnum result = _state->Serialise(utf8, path);
-    return result.IsOK() ? SaveToFileViaExistingString(path, utf8) : result;
+    return result.IsOK() ? WriteFile(path, utf8) : result;
 }
 
 nxErrorEnum nxXMLDocument::SaveToFile(const std::wstring& path) {
@@ -397,9 +406,9 @@ nxErrorEnum nxXMLDocument::SaveToFileViaString(const std::string& path, std::str
 }
 
 nxErrorEnum nxXMLDocument::SaveToFileViaExistingString(const std::string& path, const std::string& contents) {
-    std::string problem;
-    if (nxFileHelper::Write(path, contents, problem).IsOK())
-        return nxErrorEnum::OK;
-    LogFailure(Saving, path, problem);
-    return nxErrorEnum::XMLWriteFailed;
+    if (const char* const problem = nxXMLText(contents).GetProblem()) {
+        LogFailure(Saving, path, problem);
+        return nxErrorEnum::XMLTextNotCarried;
+    }
+    return WriteFile(path, contents);
 }

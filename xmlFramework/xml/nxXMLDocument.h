@@ -32,8 +32,8 @@ public:
     // object each time.
     //
     // nxErrorEnum::XMLParseFailed: the text is not well-formed, or the parser had something to say against
-    // it. nxErrorEnum::XMLNoDocumentParsed: nothing could be read from the file, and there was no document
-    // before. `path` is a file name or a "file:///" URI.
+    // it. nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
+    // there was no document before. `path` is a file name or a "file:///" URI.
     nxErrorEnum LoadFromFile(const std::string& path);
     nxErrorEnum LoadFromFile(const std::wstring& path);
     nxErrorEnum LoadFromString(const std::string& xml);
@@ -61,7 +61,8 @@ public:
     nxErrorEnum SaveToFile(const std::wstring& path);
     // SaveToString into `contents`, then SaveToFileViaExistingString.
     nxErrorEnum SaveToFileViaString(const std::string& path, std::string& contents);
-    // Writes `contents`, which must be UTF-8, to the file as it stands.
+    // Writes `contents` to the file as it stands; nxErrorEnum::XMLTextNotCarried when it is no UTF-8 text
+    // that XML can carry.
     nxErrorEnum SaveToFileViaExistingString(const std::string& path, const std::string& contents);
 
 private:

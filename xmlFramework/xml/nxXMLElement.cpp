@@ -62,8 +62,10 @@ namespace {
 nxXMLElement::~nxXMLElement() = default;
 
 nxXMLElement nxXMLElement::GetFirstChildElement() {
-    DOMElement* const first = _element ? ElementFrom(_element->getFirstChild()) : nullptr;
-    if (first)
+    if (!_element)
+        return {};
+
+    if (DOMElement* const first = ElementFrom(_element->getFirstChild()))
         _currentChild = first;
     return nxXMLElement(static_cast<DOMElement*>(_currentChild));
 }
@@ -249,7 +251,9 @@ nxErrorEnum nxXMLElement::SetCDATAValue(std::string_view value) {
         place = section->getNextSibling();
         _element->removeChild(section)->release();
     }
-    for (;;) { // a section cannot hold "]]>", so a text with it takes several, which are read as one
+    // A section cannot hold "]]>", so a text with it takes several, which are read as one. The serialiser
+    // would split sections, too, but it drops the "]]>".
+    for (;;) {
         const std::size_t found = value.find("]]>");
         const std::string_view piece = value.substr(0, found == std::string_view::npos ? found : found + 2);
         _element->insertBefore(_element->getOwnerDocument()->createCDATASection(nxXMLText(piece).Get()),
@@ -265,16 +269,10 @@ nxErrorEnum nxXMLElement::GetCDATAValue(std::string& value) const {
     if (!node)
         return nxErrorEnum::ValueNotFound;
 
-    std::string text;
-    for (; node && node->getNodeType() == DOMNode::CDATA_SECTION_NODE; node = node->getNextSibling()) {
-        std::string piece;
-        const nxErrorEnum result = ReadNode(static_cast<const DOMCDATASection*>(node), piece);
-        if (!result.IsOK())
-            return result;
-        text += piece;
-    }
-    value = std::move(text);
-    return nxErrorEnum::OK;
+    std::u16string text;
+    for (; node && node->getNodeType() == DOMNode::CDATA_SECTION_NODE; node = node->getNextSibling())
+        text += node->getNodeValue();
+    return nxXMLTextOut::Convert(text, value) ? nxErrorEnum::OK : nxErrorEnum::ValueNotFound;
 }
 
 nxErrorEnum nxXMLElement::_SetAttributeText(std::string_view name, const nxXMLText& value) {

@@ -14,7 +14,7 @@
 #include <xercesc/util/XMLException.hpp>
 
 namespace {
-    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLSession";
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLDocument";
 
     nxXMLSession theSession; // made at load: the parser must not be initialised by two threads at once
 } // namespace
