@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-// What is the same for every record: texts that it cannot read and contents that it cannot write.
+// What is the same for all records, tried on two: texts that they cannot read and contents that they cannot
+// write.
 
 #include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxPrint.h"

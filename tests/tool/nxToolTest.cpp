@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <ostream>
 #include <regex>
 #include <string>
 #include <vector>
@@ -437,6 +438,10 @@ struct Register {
     const char* totals;
     std::vector<std::string> texts; // that stand in the register, and so in the document
 };
+
+void PrintTo(const Register& source, std::ostream* out) {
+    *out << std::filesystem::path(source.path).filename();
+}
 
 class nxToolOnARegister : public nxTool, public testing::WithParamInterface<Register> {};
 

@@ -75,12 +75,9 @@ nxErrorEnum nxAlgoIDMappingList::ConvertFromXML(const std::string& xml, const st
         return nxErrorEnum::InvalidData;
 
     MappingCollector collector(_mappings);
-    nxXMLFields::ForEachChild(document.GetRootElement(), [&collector](const nxXMLElement& container) {
-        if (!container.HasName("AlgoIDMappings"))
-            return;
-        nxXMLFields::ForEachChild(container, [&collector](const nxXMLElement& child) {
-            if (child.HasName("AlgoMapping"))
-                collector.Add(ReadMapping(child));
+    nxXMLFields::ForEachChild(document.GetRootElement(), "AlgoIDMappings", [&](const nxXMLElement& list) {
+        nxXMLFields::ForEachChild(list, "AlgoMapping", [&collector](const nxXMLElement& mapping) {
+            collector.Add(ReadMapping(mapping));
         });
     });
     return nxErrorEnum::OK;

@@ -58,8 +58,8 @@ struct nxKeyedItems {
     static nxErrorEnum Read(Map& items, const nxXMLElement& root, std::string_view container,
                             std::string_view prefix, const std::string& logPrefix, KeyOf keyOf) {
         nxErrorEnum result;
-        nxXMLFields::ForEachChild(root, [&](const nxXMLElement& child) {
-            if (result.IsOK() && child.HasName(container))
+        nxXMLFields::ForEachChild(root, container, [&](const nxXMLElement& child) {
+            if (result.IsOK())
                 result = ReadContainer(items, child, prefix, logPrefix, keyOf);
         });
         return result;

@@ -27,9 +27,7 @@ nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertFromXML(const std::string& xml
 
     const nxXMLElement root = document.GetRootElement();
     nxXMLFields::ReadChild(root, UserID, _userID);
-    nxXMLFields::ForEachChild(root, [this](nxXMLElement& child) {
-        if (!child.HasName(Item))
-            return;
+    nxXMLFields::ForEachChild(root, Item, [this](nxXMLElement& child) {
         nxOrvalenPriceUsageStatisticsForProduct product;
         product.LoadFromXML(child);
         _products.insert_or_assign(product.GetProductID(), product);

@@ -26,9 +26,7 @@ nxErrorEnum nxSyntheticPriceServerInstanceList::ConvertFromXML(const std::string
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    nxXMLFields::ForEachChild(document.GetRootElement(), [this](const nxXMLElement& list) {
-        if (!list.HasName(List))
-            return;
+    nxXMLFields::ForEachChild(document.GetRootElement(), List, [this](const nxXMLElement& list) {
         nxXMLFields::ForEachChild(list, [this](const nxXMLElement& child) {
             std::string name;
             if (child.GetText(name).IsOK())

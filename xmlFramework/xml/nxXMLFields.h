@@ -224,6 +224,15 @@ namespace nxXMLFields {
             use(child);
     }
 
+    // The same for those of one name.
+    template <class Use>
+    void ForEachChild(const nxXMLElement& parent, std::string_view name, Use use) {
+        ForEachChild(parent, [&](nxXMLElement& child) {
+            if (child.HasName(name))
+                use(child);
+        });
+    }
+
     // Calls `use` with each child from the first one on, as long as they are named `name`, up to the first
     // failure, which is returned.
     template <class Use>
@@ -244,8 +253,8 @@ namespace nxXMLFields {
     nxErrorEnum ReadList(const nxXMLElement& parent, std::string_view listName, std::string_view itemName,
                          ReadItem readItem) {
         nxErrorEnum result;
-        ForEachChild(parent.FindChildElement(listName), [&](nxXMLElement& child) {
-            if (result.IsOK() && child.HasName(itemName))
+        ForEachChild(parent.FindChildElement(listName), itemName, [&](nxXMLElement& child) {
+            if (result.IsOK())
                 result = readItem(child);
         });
         return result;
