@@ -6,10 +6,10 @@
 // would be seen.
 
 #include "bench/job.h"
-#include "bench/mics.h"
 
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
+#include <xercesc/sax2/Attributes.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
 #include <xercesc/sax2/SAX2XMLReader.hpp>
 #include <xercesc/sax2/XMLReaderFactory.hpp>
@@ -24,20 +24,20 @@
 namespace {
     struct Counts {
         std::size_t elements = 0;
+        std::size_t attributes = 0;
         std::size_t characters = 0; // UTF-16 units
-    };
 
-    std::string Canonical(const Counts& counts) {
-        return std::to_string(counts.elements) + " elements, " + std::to_string(counts.characters) +
-               " characters";
-    }
+        bool operator==(const Counts&) const = default;
+    };
 
     class Counter : public xercesc::DefaultHandler {
     public:
         explicit Counter(Counts& counts) : _counts(counts) {}
 
-        void startElement(const XMLCh*, const XMLCh*, const XMLCh*, const xercesc::Attributes&) override {
+        void startElement(const XMLCh*, const XMLCh*, const XMLCh*,
+                          const xercesc::Attributes& attributes) override {
             ++_counts.elements;
+            _counts.attributes += attributes.getLength();
         }
         void characters(const XMLCh*, XMLSize_t length) override { _counts.characters += length; }
         void fatalError(const xercesc::SAXParseException& error) override { throw error; }
@@ -45,20 +45,6 @@ namespace {
     private:
         Counts& _counts;
     };
-
-    void Scan(const std::string& text, Counts& counts) {
-        const std::unique_ptr<xercesc::SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
-        reader->setFeature(xercesc::XMLUni::fgSAX2CoreNameSpaces, false);
-        reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
-        std::u16string scanner = xercesc::XMLUni::fgWFXMLScanner;
-        reader->setProperty(xercesc::XMLUni::fgXercesScannerName, scanner.data());
-        Counter counter(counts);
-        reader->setContentHandler(&counter);
-        reader->setErrorHandler(&counter);
-        const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()), text.size(),
-                                                "scan");
-        reader->parse(source);
-    }
 
     std::size_t UTF16Units(std::string_view utf8) {
         std::size_t units = 0;
@@ -70,24 +56,53 @@ namespace {
         return units;
     }
 
-    Counts CountsOf(const bench::Mics& mics) {
-        Counts counts;
-        counts.elements = 2 + mics.size() * (1 + bench::MicFields.size());
-        for (const auto& [code, mic] : mics)
-            for (const bench::MicField& field : bench::MicFields)
-                counts.characters += UTF16Units(bench::MicFieldText(mic, field));
-        return counts;
-    }
+    // Counts what is written.
+    class CountingNode {
+    public:
+        explicit CountingNode(Counts& counts) : _counts(counts) { ++counts.elements; }
+
+        CountingNode Append(const char*) { return CountingNode(_counts); }
+        void SetText(const std::string& text) { _counts.characters += UTF16Units(text); }
+        void SetAttribute(const char*, const std::string&) { ++_counts.attributes; }
+
+    private:
+        Counts& _counts;
+    };
+
+    struct Scan {
+        template <class Plain>
+        static Counts Make(const Plain& plain) {
+            Counts counts;
+            bench::WriteValue(CountingNode(counts), plain);
+            return counts;
+        }
+
+        static void Read(const std::string& text, Counts& counts) {
+            const std::unique_ptr<xercesc::SAX2XMLReader> reader(
+                xercesc::XMLReaderFactory::createXMLReader());
+            reader->setFeature(xercesc::XMLUni::fgSAX2CoreNameSpaces, false);
+            reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
+            std::u16string scanner = xercesc::XMLUni::fgWFXMLScanner;
+            reader->setProperty(xercesc::XMLUni::fgXercesScannerName, scanner.data());
+            Counter counter(counts);
+            reader->setContentHandler(&counter);
+            reader->setErrorHandler(&counter);
+            const xercesc::MemBufInputSource source(reinterpret_cast<const XMLByte*>(text.data()),
+                                                    text.size(), "scan");
+            reader->parse(source);
+        }
+
+        template <class Plain>
+        static bool Holds(const Counts& counts, const Plain& plain) {
+            return counts == Make(plain);
+        }
+    };
 } // namespace
 
 int main(int argc, char** argv) {
     xercesc::XMLPlatformUtils::Initialize();
-    std::vector<bench::Job> jobs;
-    for (const auto& [name, text, mics] : bench::MicDocuments()) {
-        const bench::Document<Counts> document{name, text, CountsOf(mics)};
-        jobs.push_back(bench::MakeJob(document, bench::Codec<Counts>{Scan, nullptr}));
-    }
-    const int status = bench::RunStack(argc, argv, "Xerces-C " XERCES_FULLVERSIONDOT, jobs);
+    const int status =
+        bench::RunStack(argc, argv, "Xerces-C " XERCES_FULLVERSIONDOT, bench::MakeJobs<Scan>());
     xercesc::XMLPlatformUtils::Terminate();
     return status;
 }

@@ -3,97 +3,99 @@
 
 #pragma once
 
+#include "bench/documents.h"
+
 #include <benchmark/benchmark.h>
 
 #include <functional>
 #include <memory>
 #include <string>
-#include <type_traits>
+#include <tuple>
 #include <vector>
 
-// What every stack's benchmark program shares: an input, the work a stack does on it, and the command line.
+// What every stack's benchmark program shares: the work that a stack does on an input, and the command line.
 namespace bench {
-    // One input: a text, and the records that a reader must find in it. `Plain` is the neutral form in which
-    // the stacks are compared; it needs a `std::string Canonical(const Plain&)`.
-    template <class Plain>
-    struct Document {
-        std::string name;
-        std::string text;
-        Plain records;
-    };
-
-    // How a stack reads and writes one kind of document. A stack with record classes of its own (`Native`)
-    // is measured on these, as its users have them; the conversions serve preparation and checks only.
-    // All of them throw on failure.
-    template <class Plain, class Native = Plain>
-    struct Codec {
-        void (*read)(const std::string& text, Native& records);
-        void (*write)(Native& records, std::string& text); // null when the stack only reads
-        void (*fromPlain)(const Plain& plain, Native& records) = nullptr;
-        void (*toPlain)(Native& records, Plain& plain) = nullptr;
-    };
-
     // A document together with what the stack under test does with it, whatever the kind of its records.
     struct Job {
         std::string name;
         std::string text;
-        std::string expected; // canonical form of the records
 
-        std::function<void(const std::string& text)> read; // timed: text to records, and their release
-        std::function<void()> write;                       // timed: records to text; empty for a mere reader
-        std::function<std::string(const std::string& text)> canonicalOfRead;
-        std::function<std::string()> textWritten;
+        std::function<void(const std::string& text)> read;  // timed: text to records, and their release
+        std::function<std::string()> write;                 // timed: records to text; empty for a mere reader
+        std::function<bool(const std::string& text)> finds; // whether it reads the document's records there
     };
 
-    template <class Plain, class Native>
-    std::string CanonicalOfRead(const Codec<Plain, Native>& codec, const std::string& text) {
-        Native records;
-        codec.read(text, records);
-        if constexpr (std::is_same_v<Plain, Native>)
-            return Canonical(records);
-        else {
-            Plain plain;
-            codec.toPlain(records, plain);
-            return Canonical(plain);
-        }
-    }
-
-    // The functions returned keep the records of `document` alive in the stack's own form.
-    template <class Plain, class Native>
-    Job MakeJob(const Document<Plain>& document, const Codec<Plain, Native>& codec) {
-        Job job;
-        job.name = document.name;
-        job.text = document.text;
-        job.expected = Canonical(document.records);
-        job.canonicalOfRead = [codec](const std::string& text) { return CanonicalOfRead(codec, text); };
-        job.read = [codec](const std::string& text) {
-            Native records;
-            codec.read(text, records);
+    // What a stack does with any document; all of it throws on failure. A stack with record classes of its
+    // own is measured on these, as its users have them; making and comparing them is not measured.
+    //
+    //   Codec::Make(plain)            the records in the stack's own form
+    //   Codec::Read(text, records)
+    //   Codec::Write(records, text)   not there when the stack only reads
+    //   Codec::Holds(records, plain)  whether they are the same
+    template <class Codec, class Plain>
+    Job MakeJob(const Document<Plain>& document) {
+        using Records = decltype(Codec::Make(document.records));
+        Job job{document.name, document.text, {}, {}, {}};
+        job.read = [](const std::string& text) {
+            Records records;
+            Codec::Read(text, records);
             benchmark::DoNotOptimize(&records);
         };
-        if (codec.write == nullptr)
-            return job;
-
-        const auto records = std::make_shared<Native>();
-        if constexpr (std::is_same_v<Plain, Native>)
-            *records = document.records;
-        else
-            codec.fromPlain(document.records, *records);
-        job.textWritten = [codec, records] {
-            std::string text;
-            codec.write(*records, text);
-            return text;
+        job.finds = [plain = document.records](const std::string& text) {
+            Records records;
+            Codec::Read(text, records);
+            return Codec::Holds(records, plain);
         };
-        job.write = [written = job.textWritten] { benchmark::DoNotOptimize(written().data()); };
+        if constexpr (requires(Records & records, std::string & text) { Codec::Write(records, text); }) {
+            job.write = [records = std::make_shared<Records>(Codec::Make(document.records))] {
+                std::string text;
+                Codec::Write(*records, text);
+                return text;
+            };
+        }
         return job;
     }
+
+    template <class Codec>
+    std::vector<Job> MakeJobs() {
+        const auto make = [](const auto&... document) { return std::vector{MakeJob<Codec>(document)...}; };
+        return std::apply(make, MakeDocuments());
+    }
+
+    // The codec of a peer, which reads and writes the plain records by their descriptions, through a class of
+    // the stack's:
+    //
+    //   Stack::Parse(text, visit)         calls visit with the root element
+    //   Stack::Build(name, text, fill)    writes the document of that root, which `fill` has filled, to
+    //   `text`
+    template <class Stack>
+    struct PeerCodec {
+        template <class Plain>
+        static Plain Make(const Plain& plain) {
+            return plain;
+        }
+        template <class Plain>
+        static void Read(const std::string& text, Plain& records) {
+            Stack::Parse(text, [&records](const auto& root) { ReadValue(root, records); });
+        }
+        template <class Plain>
+        static void Write(const Plain& records, std::string& text) {
+            Stack::Build(Plain::Root, text, [&records](auto root) { WriteValue(root, records); });
+        }
+        template <class Plain>
+        static bool Holds(const Plain& records, const Plain& plain) {
+            return records == plain;
+        }
+    };
 
     // The program of one stack. `library` says which parser it measures, for the results.
     //
     //   (nothing, or Google Benchmark's options)   measure
-    //   --verify DIRECTORY    read and write every job once; print the digests; leave the texts written in
-    //                         DIRECTORY as JOB.xml; fails when the records read are not those expected
-    //   --digest JOB FILE     print the digest of the records that this stack reads from FILE
+    //   --verify DIRECTORY    read and write every job once; print the digests of the document and of the
+    //   text
+    //                         written, and leave that in DIRECTORY as JOB.xml; fails when the records read
+    //                         are not the document's
+    //   --check JOB FILE      fails when the records that this stack reads from FILE are not the document's
     //   --once read|write JOB COUNT   do it COUNT times and nothing else, for a profiler
     int RunStack(int argc, char** argv, const std::string& library, const std::vector<Job>& jobs);
 } // namespace bench

@@ -3,8 +3,8 @@
 # SPDX-License-Identifier: Apache-2.0
 """Compares the library with other XML stacks on the same work.
 
-Checks first that all stacks find the same records in the same documents and that the library can read what
-they write. Then measures each stack in a process of its own, in alternating rounds, and prints the medians.
+Checks first that all stacks find the records in the same documents, that the library writes exactly these, and
+that it finds the records in what the others write. Then measures each stack in a process of its own, in alternating rounds, and prints the medians.
 """
 
 import argparse
@@ -64,27 +64,24 @@ def first_difference(ours, theirs):
 
 
 def verify_stack(program, directory):
-    """For each job the digests of the document, the records expected, the records read, the text written."""
+    """For each job the digests of the document and of the text written, after the stack's own check."""
     directory.mkdir()
     lines = run(program, "--verify", str(directory)).splitlines()
     return {job: digests for job, *digests in map(str.split, lines)}
 
 
-def verify_records(stack, found, ours):
+def verify_documents(stack, found, ours):
     if found.keys() != ours.keys():
         raise Failure(f"{stack} has other jobs: {', '.join(found)}")
-    for job, (document, expected, read, _) in found.items():
+    for job, (document, _) in found.items():
         if document != ours[job][0]:
             raise Failure(f"{stack} works on another document {job}")
-        if read != expected or (stack != SCAN and expected != ours[job][1]):
-            raise Failure(f"{stack} finds other records in {job}")
 
 
-def verify_text(programs, stack, job, directory, ours):
-    """Whether the library finds the same records in what the stack wrote. Returns how its bytes compare."""
+def verify_text(programs, stack, job, directory):
+    """Checks that the library finds the records in what the stack wrote. Returns how its bytes compare."""
     written = directory / stack / f"{job}.xml"
-    if run(programs[OURS], "--digest", job, str(written)).strip() != ours[job][1]:
-        raise Failure(f"the library finds other records in what {stack} wrote for {job}")
+    run(programs[OURS], "--check", job, str(written))
     difference = first_difference((directory / OURS / f"{job}.xml").read_bytes(), written.read_bytes())
     return difference or "same bytes as ours"
 
@@ -95,15 +92,15 @@ def verify(programs):
     with tempfile.TemporaryDirectory() as name:
         directory = pathlib.Path(name)
         found = {stack: verify_stack(program, directory / stack) for stack, program in programs.items()}
-        for job, (document, _, _, written) in found[OURS].items():
+        for job, (document, written) in found[OURS].items():
             if written != document:
                 raise Failure(f"the library writes {job} otherwise than the document that the stacks read")
         for stack, jobs in found.items():
-            verify_records(stack, jobs, found[OURS])
+            verify_documents(stack, jobs, found[OURS])
             texts[stack] = {
-                job: verify_text(programs, stack, job, directory, found[OURS])
-                for job, digests in jobs.items()
-                if digests[3] != "-"
+                job: verify_text(programs, stack, job, directory)
+                for job, (_, written) in jobs.items()
+                if written != "-"
             }
     return texts
 
@@ -188,6 +185,8 @@ def summarise_parallel(times, sizes):
         counted = 2 * len(scaled) > len(controls)
         used = scaled if counted else range(len(controls))
         for job in sizes:
+            if f"parallel/read/{job}/real_time/threads:2" not in times[stack]:
+                continue
             ratios = scaling(times[stack], f"parallel/read/{job}")
             results.append({
                 "job": job,
