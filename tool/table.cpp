@@ -18,7 +18,9 @@ namespace {
     }
 
     bool Contains(std::string_view cell, std::string_view text) {
-        return !std::ranges::search(cell, text, {}, LowerCase, LowerCase).empty() || text.empty();
+        const auto same = [](char a, char b) { return LowerCase(a) == LowerCase(b); };
+        return text.empty() ||
+               std::search(cell.begin(), cell.end(), text.begin(), text.end(), same) != cell.end();
     }
 
     Table::Row Printable(const Table::Row& row) {

@@ -21,7 +21,7 @@ tool::TextEncoding tool::DetectEncoding(std::string_view text) {
 tool::TextDecoder::TextDecoder(TextEncoding encoding)
     : _encoding(encoding), _converter(encoding == TextEncoding::UTF8 ? ::iconv_open("UTF-16LE", "UTF-8")
                                                                      : ::iconv_open("UTF-8", "CP1252")) {
-    if (_converter == iconv_t(-1))
+    if (_converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): so POSIX says it
         throw std::runtime_error("this system cannot read " + std::string(GetName(encoding)) + " text");
 }
 

@@ -12,7 +12,6 @@
 using namespace std::chrono_literals;
 
 namespace {
-    using tool::Table;
     using tool::View;
     using Period = nxTradingHoursPeriod;
 
