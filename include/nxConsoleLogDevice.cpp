@@ -58,7 +58,7 @@ struct nxConsoleLogDevice::Sink {
 nxConsoleLogDevice::nxConsoleLogDevice() : _sink(std::make_shared<Sink>()) {}
 
 void nxConsoleLogDevice::Write(const nxLog& record) {
-    const nxLogLevelEnum level = record.GetLevel();
+    const nxLogLevelEnum& level = record.GetLevel();
     std::string text = level.GetShortDescription() + " " + record.GetSourceFile() + ":" +
                        std::to_string(record.GetLineNumber()) + " ";
     AppendPrintable(text, record.GetLogEntry());

@@ -6,7 +6,7 @@
 #include "core/nxLogManager.h"
 #include "core/nxStringHelper.h"
 
-#include <errno.h> // program_invocation_short_name
+#include <cerrno> // program_invocation_short_name
 
 nxLog::nxLog(const nxLogLevelEnum& level, const char* sourceFile, unsigned int line)
     : _level(level), _sourceFile(sourceFile), _line(line), _timeStamp(nxTimeStamp::Now()) {}
