@@ -8,39 +8,28 @@
 #include <fstream>
 #include <string>
 
-TEST(nxBitMaskState, FollowsTheTwoTopBits) {
+TEST(nxBitMaskState, FollowsTheTwoTopBitsWhichFlagsLeaveAsTheyAre) {
     nxGenericBitMask mask = 5;
-    EXPECT_TRUE(mask.IsValid());
-    mask.SetNull();
-    EXPECT_EQ(mask.GetValue(), 0x80000000U);
-    EXPECT_TRUE(mask.IsNull() && !mask.IsValid() && !mask.IsNoChange());
-    mask.Clear();
-    EXPECT_TRUE(mask.IsValid() && mask == 0U);
+    EXPECT_TRUE(mask.IsValid() && !mask.IsNull() && !mask.IsNoChange());
     mask.SetNoChange();
     EXPECT_EQ(mask.GetValue(), 0x40000000U);
     EXPECT_TRUE(mask.IsNoChange() && !mask.IsValid() && !mask.IsNull());
-    mask.ClearBits(0x40000000);
-    EXPECT_TRUE(mask.IsValid());
+    mask.SetNull();
+    EXPECT_EQ(mask.GetValue(), 0x80000000U);
+    EXPECT_TRUE(mask.IsNull() && !mask.IsValid() && !mask.IsNoChange());
+
+    mask.SetBits(8);
+    mask |= 4;
+    mask |= nxOrderBookInterestBitMask(4);
+    EXPECT_TRUE(mask.IsNull() && mask.AreAllBitsSet(12));
+    mask.ClearBits(nxGenericBitMask(nxBitMask::NullBit));
+    EXPECT_EQ(mask, nxPriceInterestBitMask(12));
 }
 
 TEST(nxBitMaskState, OfASecurityNodeAccessIsValidBelowFourOnly) {
     EXPECT_TRUE(nxSecurityNodeAccessBaseBitMask(3).IsValid());
     EXPECT_FALSE(nxSecurityNodeAccessBaseBitMask(4).IsValid());
-    EXPECT_FALSE(nxSecurityNodeAccessBaseBitMask(0x80000001).IsValid());
     EXPECT_TRUE(nxSecurityNodeChangeBitMask(0x3FFFFFFF).IsValid());
-}
-
-TEST(nxBitMaskSetBits, AddsToTheBitsSetAndKeepsTheState) {
-    nxPriceInterestBitMask mask = 1;
-    mask |= 4;
-    EXPECT_EQ(mask, 5U);
-    mask |= nxOrderBookInterestBitMask(2);
-    EXPECT_EQ(mask, 7U);
-    mask.SetNull();
-    mask.SetBits(8);
-    EXPECT_TRUE(mask.IsNull() && mask.AreAllBitsSet(8));
-    mask.ClearBits(nxGenericBitMask(nxBitMask::NullBit));
-    EXPECT_EQ(mask, nxPriceInterestBitMask(8));
 }
 
 TEST(nxBitMaskSetBits, OfADerivedMaskIsWhatOrAssignmentCalls) {
@@ -50,10 +39,8 @@ TEST(nxBitMaskSetBits, OfADerivedMaskIsWhatOrAssignmentCalls) {
         void SetBits(unsigned int bits) override { nxBitMask::SetBits(bits & 0xF); }
         std::string GetClassName() const override { return "LowBits"; }
     } mask;
-    mask |= 0xFF;
-    EXPECT_EQ(mask, 0xFU);
-    mask.Clear();
-    mask |= nxGenericBitMask(0xF3);
+    mask |= 0xF1;
+    mask |= nxGenericBitMask(0xF2);
     EXPECT_EQ(mask, 3U);
 }
 
@@ -64,22 +51,11 @@ TEST(nxBitMaskTests, OfNoBitsAreAllSetButNotAny) {
     EXPECT_TRUE(mask.AreAnyBitsSet(nxGenericBitMask(3)) && !mask.AreAnyBitsSet(9));
 }
 
-TEST(nxBitMaskAssignment, TakesAMaskOfAnyClassOrANumber) {
-    nxGenericBitMask mask;
-    mask = nxProductStateBitMask(9);
-    EXPECT_TRUE(mask == 9U && mask == nxProductStateBitMask(9) && mask != 8U && mask != nxGenericBitMask());
-    nxBitMask& base = mask;
-    base = 12;
-    EXPECT_EQ(nxGenericBitMask(mask).GetValue(), 12U);
-}
-
 TEST(nxBitMaskDescription, JoinsTheTextsOfTheBitsFromTheLowest) {
     EXPECT_EQ(nxKeyboardModifierBitMask(7).GetShortDescription("+"), "Shift+Ctrl+Alt");
     EXPECT_EQ(nxSecurityNodeAccessBaseBitMask(7).GetLongDescription(", "),
               "Read access, Write access, Flag 2 (0x4)");
     EXPECT_EQ(nxGenericBitMask(0xE0000001).GetShortDescription("|"), "Flag 0|Flag 29|NO_CHANGE|NULL");
-    EXPECT_EQ(nxGenericBitMask(0x20000000).GetLongDescription("|"), "Flag 29 (0x20000000)");
-    EXPECT_EQ(nxGenericBitMask().GetLongDescription("|"), "");
 }
 
 TEST(nxBitMaskGetClassName, IsTheNameThatEachClassIsDeclaredUnder) {

@@ -10,10 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <random>
 
 using namespace std::chrono_literals;
-using namespace std::string_literals;
 
 TEST(nxDateTimeSetFromString, ReadsTheDocumentsFormAndIso8601) {
     const struct {
@@ -22,19 +20,13 @@ TEST(nxDateTimeSetFromString, ReadsTheDocumentsFormAndIso8601) {
     } cases[] = {
         {"", "NULL"},
         {"20261121:10:53:00", "2026-11-21T10:53:00Z"},
-        {"2026-11-21T10:53:00", "2026-11-21T10:53:00Z"},
-        {"20261121T105300", "2026-11-21T10:53:00Z"},
-        {"2026-11-21", "2026-11-21T00:00:00Z"},
-        {"20261121", "2026-11-21T00:00:00Z"},
         {"2026-11-21T10:53:00Z", "2026-11-21T10:53:00Z"},
-        {"2026-11-21T10:53:00+01:00", "2026-11-21T09:53:00Z"},
+        {"20261121T105300.5", "2026-11-21T10:53:00.500Z"},
+        {"2026-11-21", "2026-11-21T00:00:00Z"},
+        {"20000229", "2000-02-29T00:00:00Z"},
         {"2026-11-21T10:53:00-0530", "2026-11-21T16:23:00Z"},
         {"2026-01-01T00:30:00+01", "2025-12-31T23:30:00Z"},
-        {"2026-11-21T10:53:00.5", "2026-11-21T10:53:00.500Z"},
         {"2026-11-21T10:53:00.0001-01:00", "2026-11-21T11:53:00.000100Z"},
-        {"20261121T105300.123456789Z", "2026-11-21T10:53:00.123456789Z"},
-        {"2024-02-29", "2024-02-29T00:00:00Z"},
-        {"20000229:23:59:59", "2000-02-29T23:59:59Z"},
         {"00000101:00:00:00", "0000-01-01T00:00:00Z"},
         {"9999-12-31T23:59:59.999999999Z", "9999-12-31T23:59:59.999999999Z"},
     };
@@ -43,78 +35,36 @@ TEST(nxDateTimeSetFromString, ReadsTheDocumentsFormAndIso8601) {
         EXPECT_EQ(nxDateTime::SetFromString(text, value), nxErrorEnum::OK) << text;
         EXPECT_EQ(value.GetAsLogString(), expected) << text;
     }
+    EXPECT_EQ(nxDateTime(std::chrono::sys_seconds(42s)).GetAsString(nxDateTime::DocumentFormat),
+              "19700101:00:00:42");
 }
 
 TEST(nxDateTimeSetFromString, LeavesTheValueUntouchedForAnyOtherText) {
-    const nxDateTime before(std::chrono::sys_seconds(42s));
-    for (const std::string& text : {"2023-02-29"s,
-                                    "1900-02-29"s,
-                                    "2026-13-01"s,
-                                    "2026-00-10"s,
-                                    "2026-04-31"s,
-                                    "2026-01-00"s,
-                                    "20261121:24:00:00"s,
-                                    "20261121:10:60:00"s,
-                                    "20261121:10:53:60"s,
-                                    "20261121:10:53"s,
-                                    "20261121:1:53:00"s,
-                                    "2026-1-1"s,
-                                    "+026-01-01"s,
-                                    "-001-01-01"s,
-                                    "10000-01-01"s,
-                                    "26-11-21"s,
-                                    " 2026-11-21"s,
-                                    "2026-11-21 "s,
-                                    "2026-11-21Z"s,
-                                    "2026-11-21T"s,
-                                    "2026-11-21 10:53:00"s,
-                                    "2026-11-21T10:53:00."s,
-                                    "2026-11-21T10:53:00.1234567890"s,
-                                    "2026-11-21T10:53:00.-1"s,
-                                    "2026-11-21T10:53:00z"s,
-                                    "2026-11-21T10:53:00ZZ"s,
-                                    "2026-11-21T10:53:00+"s,
-                                    "2026-11-21T10:53:00+1"s,
-                                    "2026-11-21T10:53:00+24:00"s,
-                                    "2026-11-21T10:53:00+01:60"s,
-                                    "2026-11-21T10:53:00+-1:00"s,
-                                    "2026-11-21T10:53:00+01:00:00"s,
-                                    "20261121:10:53:00\0"s,
-                                    "0000-01-01T00:00:00+00:01"s,
-                                    "9999-12-31T23:59:59-00:01"s,
-                                    "NULL"s,
-                                    "now"s}) {
+    const auto expectRefused = [](const std::string& text) {
+        const nxDateTime before(std::chrono::sys_seconds(42s));
         nxDateTime value = before;
         EXPECT_EQ(nxDateTime::SetFromString(text, value), nxErrorEnum::ValueNotParsed) << text;
         EXPECT_EQ(value, before) << text;
-    }
-}
-
-TEST(nxDateTimeProperty, WhatIsWrittenReadsBackInEveryYear) {
-    std::mt19937_64 random(1);
-    for (int year = 0; year <= 9999; ++year) {
-        const std::chrono::sys_days newYear(std::chrono::year(year) / 1 / 1);
-        const std::chrono::sys_seconds time = newYear + std::chrono::seconds(random() % (365 * 86400));
-        const nxDateTime whole(time);
-        const nxDateTime precise(time, std::chrono::nanoseconds(random() % 1'000'000'000));
-
-        nxDateTime read;
-        ASSERT_TRUE(nxDateTime::SetFromString(whole.GetAsString(nxDateTime::DocumentFormat), read).IsOK());
-        ASSERT_EQ(read, whole) << whole.GetAsLogString();
-        ASSERT_TRUE(nxDateTime::SetFromString(precise.GetAsLogString(), read).IsOK());
-        ASSERT_EQ(read, precise) << precise.GetAsLogString();
-    }
+    };
+    for (const char* day : {"2023-02-29", "1900-02-29", "2026-13-01", "2026-00-10", "2026-01-00", "2026-1-1",
+                            "+026-01-01", "10000-01-01", " 2026-11-21", "2026-11-21 ", "2026-11-21Z", "NULL"})
+        expectRefused(day);
+    for (const char* time : {"24:00:00", "10:60:00", "10:53:60", "10:53", "1:53:00"})
+        expectRefused(std::string("20261121:") + time);
+    for (const char* tail : {" ", ".", ".1234567890", ".-1", "ZZ", "+1", "+24:00", "+01:60", "+-1:00"})
+        expectRefused(std::string("2026-11-21T10:53:00") + tail);
+    expectRefused("2026-11-21 10:53:00");
+    expectRefused("0000-01-01T00:00:00+00:01");
+    expectRefused("9999-12-31T23:59:59-00:01");
 }
 
 TEST(nxDateTimeConstruction, OutsideTheYearsOrTheSecondGivesNull) {
     const std::chrono::sys_seconds first = std::chrono::sys_days(std::chrono::year(0) / 1 / 1);
     const std::chrono::sys_seconds end = std::chrono::sys_days(std::chrono::year(10000) / 1 / 1);
-    EXPECT_FALSE(nxDateTime(first).IsNull());
-    EXPECT_TRUE(nxDateTime(first - 1s).IsNull());
-    EXPECT_FALSE(nxDateTime(end - 1s, 999999999ns).IsNull());
-    EXPECT_TRUE(nxDateTime(end).IsNull());
-    EXPECT_TRUE(nxDateTime(first, -1ns).IsNull());
-    EXPECT_TRUE(nxDateTime(first, 1s).IsNull());
+    EXPECT_EQ(nxDateTime(first - 1s), nxDateTime());
+    EXPECT_EQ(nxDateTime(end), nxDateTime());
+    EXPECT_EQ(nxDateTime(first, -1ns), nxDateTime());
+    EXPECT_EQ(nxDateTime(first, 1s), nxDateTime());
     EXPECT_EQ(nxDateTime().GetAsString("%Y"), "");
     EXPECT_LT(nxDateTime(), nxDateTime(first));
     EXPECT_LT(nxDateTime(first), nxDateTime(first, 1ns));
@@ -127,8 +77,7 @@ TEST(nxTimeSetFromString, ReadsTheTimeOfDayAndWritesItInThreeDigitGroups) {
         std::chrono::nanoseconds sinceMidnight;
     } cases[] = {
         {"00:00:00", "00:00:00", 0ns},
-        {"08:30:05", "08:30:05", 8h + 30min + 5s},
-        {"08:30:00.5", "08:30:00.500", 8h + 30min + 500ms},
+        {"08:30:05.5", "08:30:05.500", 8h + 30min + 5s + 500ms},
         {"08:30:00.000", "08:30:00", 8h + 30min},
         {"00:00:00.000001", "00:00:00.000001", 1us},
         {"23:59:59.999999999", "23:59:59.999999999", 24h - 1ns},
@@ -143,10 +92,9 @@ TEST(nxTimeSetFromString, ReadsTheTimeOfDayAndWritesItInThreeDigitGroups) {
 }
 
 TEST(nxTimeSetFromString, LeavesTheValueUntouchedForAnyOtherText) {
-    for (const std::string& text :
-         {"24:00:00"s, "08:60:00"s, "08:30:60"s, "8:30:00"s, "08:30"s, "083000"s, "08-30-00"s, "08:30:00."s,
-          "08:30:00,5"s, "08:30:00.1234567890"s, "-8:30:00"s, "08:-1:00"s, "+8:30:00"s, " 08:30:00"s,
-          "08:30:00 "s, "08:30:00Z"s, "08:30:00\0"s, "NULL"s}) {
+    for (const char* text :
+         {"24:00:00", "08:60:00", "08:30:60", "8:30:00", "08:30", "08-30:00", "08:30-00", "08:30:00.",
+          "08:30:00,5", "08:30:00.1234567890", "-8:30:00", "08:-1:00", " 08:30:00", "08:30:00Z", "NULL"}) {
         nxTime value(1h);
         EXPECT_EQ(value.SetFromString(text), nxErrorEnum::ValueNotParsed) << text;
         EXPECT_EQ(value, nxTime(1h)) << text;
@@ -156,7 +104,7 @@ TEST(nxTimeSetFromString, LeavesTheValueUntouchedForAnyOtherText) {
 TEST(nxTimeNull, IsTheEmptyTextAndComesBeforeMidnight) {
     nxTime value(1h);
     EXPECT_EQ(value.SetFromString(""), nxErrorEnum::OK);
-    EXPECT_TRUE(value.IsNull());
+    EXPECT_EQ(value, nxTime());
     EXPECT_EQ(value.GetAsString(), "");
     EXPECT_EQ(value.GetAsLogString(), "NULL");
     EXPECT_LT(value, nxTime(0h));
@@ -171,10 +119,8 @@ TEST(nxTimeStampParts, CountTowardsThePastOnBothSidesOfTheEpoch) {
         unsigned int parts[3];
     } cases[] = {
         {0, "1970-01-01T00:00:00Z", {0, 0, 0}},
-        {123'456'789, "1970-01-01T00:00:00.123456789Z", {123, 456, 789}},
         {-1, "1969-12-31T23:59:59.999999999Z", {999, 999, 999}},
         {-1'000'000'000, "1969-12-31T23:59:59Z", {0, 0, 0}},
-        {1'795'258'380'000'001'000, "2026-11-21T10:53:00.000001Z", {0, 1, 0}},
         {std::numeric_limits<std::int64_t>::max(), "2262-04-11T23:47:16.854775807Z", {854, 775, 807}},
         {std::numeric_limits<std::int64_t>::min(), "1677-09-21T00:12:43.145224192Z", {145, 224, 192}},
     };

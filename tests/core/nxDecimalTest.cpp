@@ -20,105 +20,66 @@ namespace {
         return value;
     }
 
-    std::weak_ordering ExactOrder(std::int64_t left, unsigned int leftDigits, std::int64_t right,
-                                  unsigned int rightDigits) {
-        __extension__ using Wide = __int128;
-        const auto scaled = [](std::int64_t units, unsigned int digits) {
-            Wide value = units;
-            for (; digits < nxDecimal::MaxFractionDigits; ++digits)
-                value *= 10;
-            return value;
-        };
-        const Wide a = scaled(left, leftDigits);
-        const Wide b = scaled(right, rightDigits);
-        return a < b   ? std::weak_ordering::less
-               : b < a ? std::weak_ordering::greater
-                       : std::weak_ordering::equivalent;
+    // The number in billionths of billionths.
+    __extension__ using Wide = __int128;
+    Wide Exact(std::int64_t units, unsigned int digits) {
+        Wide value = units;
+        for (; digits < nxDecimal::MaxFractionDigits; ++digits)
+            value *= 10;
+        return value;
     }
 } // namespace
 
 TEST(nxDecimalText, KeepsTheDigitsItWasGiven) {
     for (const char* text :
-         {"0", "0.00", "1.5", "1.50", "-0.05", "-12.340", "100", "123456789012345678", "-999999999999999999",
-          "0.123456789012345678", "-0.000000000000000001", "9223372036854775807", "-9223372036854775808",
-          "9.223372036854775807", "-9.223372036854775808"})
+         {"", "0", "0.00", "1.50", "-0.05", "100", "-0.000000000000000001", "9223372036854775807",
+          "-9223372036854775808", "9.223372036854775807", "-9.223372036854775808"})
         EXPECT_EQ(Decimal(text).GetAsString('.'), text);
 }
 
 TEST(nxDecimalText, DropsLeadingZerosAndTheSignOfZero) {
     EXPECT_EQ(Decimal("007.10").GetAsString('.'), "7.10");
-    EXPECT_EQ(Decimal("-0").GetAsString('.'), "0");
     EXPECT_EQ(Decimal("-0.00").GetAsString('.'), "0.00");
     EXPECT_EQ(Decimal(std::string(1000, '0') + "1").GetAsString('.'), "1");
 }
 
 TEST(nxDecimalText, ThatIsNoNumberOrCannotBeHeldExactlyIsRefusedAndNeverRounded) {
-    using namespace std::string_literals;
-    for (const std::string& text : {"."s,
-                                    ".5"s,
-                                    "5."s,
-                                    "-"s,
-                                    "-.5"s,
-                                    "+1"s,
-                                    " 1"s,
-                                    "1 "s,
-                                    "--1"s,
-                                    "1.-5"s,
-                                    "-1.+5"s,
-                                    "1e3"s,
-                                    "1,5"s,
-                                    "1.5.0"s,
-                                    "1 000"s,
-                                    "NULL"s,
-                                    "nan"s,
-                                    "1.5\0"s,
-                                    "9223372036854775808"s,
-                                    "-9223372036854775809"s,
-                                    "9.223372036854775808"s,
-                                    "0.1234567890123456789"s,
-                                    "0.0000000000000000000"s}) {
+    for (const char* text : {".5", "5.", "-", "-.5", "+1", " 1", "1 ", "--1", "1.-5", "1.+5", "1e3", "1,5",
+                             "1.5.0", "NULL", "nan", "9223372036854775808", "-9223372036854775809",
+                             "9.223372036854775808", "0.0000000000000000000"}) {
         nxDecimal value(150, 2);
         EXPECT_EQ(value.SetFromString(text, '.'), nxErrorEnum::ValueNotParsed) << text;
         EXPECT_EQ(value.GetAsString('.'), "1.50") << text;
     }
 }
 
-TEST(nxDecimalText, UsesTheGivenSeparatorOnly) {
+TEST(nxDecimalText, UsesTheGivenSeparatorOnlyAndIsEmptyForNull) {
     nxDecimal value;
     EXPECT_EQ(value.SetFromString("1,50", ','), nxErrorEnum::OK);
     EXPECT_EQ(value.GetAsString(','), "1,50");
-    EXPECT_EQ(value.GetAsString('.'), "1.50");
+    EXPECT_EQ(value.GetAsLogString('.'), "1.50");
     EXPECT_EQ(value.SetFromString("2.5", ','), nxErrorEnum::ValueNotParsed);
-}
-
-TEST(nxDecimalNull, IsTheEmptyTextAndShownAsNullInLogs) {
-    EXPECT_TRUE(nxDecimal().IsNull());
-    EXPECT_EQ(nxDecimal().GetAsString('.'), "");
-    EXPECT_EQ(nxDecimal().GetAsLogString('.'), "NULL");
-    EXPECT_EQ(nxDecimal(-5, 1).GetAsLogString('.'), "-0.5");
-    EXPECT_TRUE(Decimal("").IsNull());
-    EXPECT_TRUE(nxDecimal(1, nxDecimal::MaxFractionDigits + 1).IsNull());
-    nxDecimal value(0);
-    EXPECT_FALSE(value.IsNull());
-    value.SetNull();
-    EXPECT_TRUE(value.IsNull());
+    EXPECT_EQ(value.SetFromString("", ','), nxErrorEnum::OK);
+    EXPECT_EQ(value, nxDecimal(1, nxDecimal::MaxFractionDigits + 1));
+    EXPECT_EQ(value.GetAsLogString('.'), "NULL");
 }
 
 TEST(nxDecimalComparison, GoesByValueWithNullBeforeEveryNumber) {
     const nxDecimal ascending[] = {
         nxDecimal(),
         nxDecimal(Min),
-        Decimal("-9.223372036854775808"),
-        Decimal("-1.5"),
+        nxDecimal(Min, 18),
         nxDecimal(-1, 18),
         nxDecimal(0),
         nxDecimal(1, 18),
         Decimal("0.5"),
         nxDecimal(1),
         Decimal("1.000000000000000001"),
+        nxDecimal(Max - 1, 18),
         nxDecimal(Max, 18),
         Decimal("9.3"),
         nxDecimal(Max, 1),
+        nxDecimal(Max - 1),
         nxDecimal(Max),
     };
     for (const nxDecimal& left : ascending) {
@@ -127,9 +88,6 @@ TEST(nxDecimalComparison, GoesByValueWithNullBeforeEveryNumber) {
                 << left.GetAsLogString('.') << " and " << right.GetAsLogString('.');
     }
     EXPECT_EQ(Decimal("1.5"), Decimal("1.500000000000000000"));
-    EXPECT_EQ(Decimal("0"), Decimal("-0.00"));
-    EXPECT_EQ(nxDecimal(), Decimal(""));
-    EXPECT_NE(nxDecimal(), nxDecimal(0));
 }
 
 TEST(nxDecimalProperty, AnyNumberReadsBackAndComparesAsExactArithmeticDoes) {
@@ -148,7 +106,7 @@ TEST(nxDecimalProperty, AnyNumberReadsBackAndComparesAsExactArithmeticDoes) {
         const nxDecimal read = Decimal(left.GetAsString('.'));
         ASSERT_EQ(read.GetAsString('.'), left.GetAsString('.'));
         ASSERT_EQ(read, left);
-        ASSERT_EQ(left <=> right, ExactOrder(leftUnits, leftDigits, rightUnits, rightDigits))
-            << left.GetAsString('.') << " and " << right.GetAsString('.');
+        const std::weak_ordering order = Exact(leftUnits, leftDigits) <=> Exact(rightUnits, rightDigits);
+        ASSERT_EQ(left <=> right, order) << left.GetAsString('.') << " and " << right.GetAsString('.');
     }
 }

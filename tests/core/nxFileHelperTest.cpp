@@ -3,14 +3,13 @@
 
 #include "core/nxFileHelper.h"
 
+#include "tests/support/nxFullDisk.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -42,26 +41,9 @@ namespace {
         return names;
     }
 
-    // While it lives, this process can write no file of more than `size` bytes, as if the disk were full.
-    class FileSizeLimit {
-    public:
-        explicit FileSizeLimit(rlim_t size) : _signalBefore(std::signal(SIGXFSZ, SIG_IGN)) {
-            getrlimit(RLIMIT_FSIZE, &_before);
-            rlimit limit = _before;
-            limit.rlim_cur = size;
-            setrlimit(RLIMIT_FSIZE, &limit);
-        }
-        ~FileSizeLimit() {
-            setrlimit(RLIMIT_FSIZE, &_before);
-            std::signal(SIGXFSZ, _signalBefore);
-        }
-        FileSizeLimit(const FileSizeLimit&) = delete;
-        FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-    private:
-        void (*_signalBefore)(int);
-        rlimit _before{};
-    };
+    mode_t ModeOf(const std::string& path) {
+        return static_cast<mode_t>(fs::status(path).permissions());
+    }
 } // namespace
 
 TEST(nxFileHelperWrite, ThatFailsHalfwayLeavesTheFileOfBeforeAndNothingElse) {
@@ -69,7 +51,7 @@ TEST(nxFileHelperWrite, ThatFailsHalfwayLeavesTheFileOfBeforeAndNothingElse) {
     const std::string path = folder.PathOf("a.xml");
     ExpectWritten(path, "before");
     {
-        const FileSizeLimit limit(1000);
+        const nxFullDisk limit(1000);
         ExpectNotWritten(path, std::string(100'000, 'x'));
         ExpectNotWritten(folder.PathOf("new.xml"), std::string(100'000, 'x'));
     }
@@ -80,9 +62,12 @@ TEST(nxFileHelperWrite, ThatFailsHalfwayLeavesTheFileOfBeforeAndNothingElse) {
 TEST(nxFileHelperWrite, MakesAndReplacesFilesOfAnyBytesAndSize) {
     const nxTempFolder folder;
     const std::string path = folder.PathOf("a.xml");
+    const mode_t before = umask(027);
+    ExpectWritten(path, std::string(3'000'000, 'x'));
+    umask(before);
+    EXPECT_EQ(ModeOf(path), 0640U);
     ExpectWritten(path, std::string("\0\r\n\xFF", 4));
     ExpectWritten(path, "");
-    ExpectWritten(path, std::string(3'000'000, 'x'));
     EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a.xml"});
 }
 
@@ -96,35 +81,20 @@ TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
     for (const mode_t mode : {0600U, 0444U, 0666U}) { // as they stand, whatever the umask
         ASSERT_EQ(chmod(path.c_str(), mode), 0);
         ExpectWritten(folder.PathOf("b.xml"), "after");
-        EXPECT_EQ(static_cast<mode_t>(fs::status(path).permissions()), mode);
+        EXPECT_EQ(ModeOf(path), mode);
     }
     EXPECT_EQ(Contents(path), "after");
-    EXPECT_EQ(fs::read_symlink(folder.PathOf("links/a.xml")), "../real.xml");
-    EXPECT_EQ(fs::read_symlink(folder.PathOf("b.xml")), "links/a.xml");
+    EXPECT_TRUE(fs::is_symlink(folder.PathOf("links/a.xml")) && fs::is_symlink(folder.PathOf("b.xml")));
     EXPECT_EQ(NamesIn(folder.Path() / "links"), std::set<std::string>{"a.xml"});
 }
 
-TEST(nxFileHelperWrite, GivesANewFileThePermissionsOfTheUmask) {
+TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhatIsNoPlaceForAFile) {
     const nxTempFolder folder;
-    const mode_t before = umask(027);
-    ExpectWritten(folder.PathOf("a.xml"), "text");
-    umask(before);
-    EXPECT_EQ(static_cast<mode_t>(fs::status(folder.PathOf("a.xml")).permissions()), 0640U);
-}
-
-TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhenTheyAreFull) {
-    ExpectNotWritten("/dev/full", "text");
-    EXPECT_TRUE(fs::is_character_file("/dev/full"));
-    std::string problem;
-    EXPECT_EQ(nxFileHelper::Write("/dev/null", "text", problem), nxErrorEnum::OK) << problem;
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
-}
-
-TEST(nxFileHelperWrite, SaysWhenTheNameIsNoPlaceForAFile) {
-    const nxTempFolder folder;
-    ExpectNotWritten(folder.PathOf("missing/a.xml"), "text");
-    ExpectNotWritten(folder.Path(), "text");
-    ExpectNotWritten("", "text");
+    for (const std::string& path :
+         {std::string("/dev/full"), folder.PathOf("missing/a.xml"), folder.Path().native(), std::string()})
+        ExpectNotWritten(path, "text");
+    ExpectWritten("/dev/null", "");
+    EXPECT_TRUE(fs::is_character_file("/dev/full") && fs::is_character_file("/dev/null"));
     EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>());
 }
 

@@ -10,32 +10,23 @@
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
 #include "tests/support/nxCollectedLog.h"
+#include "tests/support/nxInThreads.h"
 #include "tests/support/nxPrint.h"
 
 #include <errno.h> // program_invocation_short_name
 #include <gtest/gtest.h>
 
-#include <atomic>
-#include <functional>
 #include <limits>
 #include <set>
-#include <stdexcept>
 #include <thread>
+
+using namespace std::chrono_literals;
+using namespace std::string_literals;
 
 namespace {
     constexpr const char* SourceFile = "xmlFramework/trunk/nxLogTest";
 
     using Entries = std::vector<std::string>;
-
-    class FunctionLogDevice : public nxLogDevice {
-    public:
-        explicit FunctionLogDevice(std::function<void(const nxLog&)> function)
-            : _function(std::move(function)) {}
-        void Write(const nxLog& record) override { _function(record); }
-
-    private:
-        std::function<void(const nxLog&)> _function;
-    };
 } // namespace
 
 TEST(nxLogRecord, IsTheTextOfItsPiecesInOrder) {
@@ -105,13 +96,14 @@ TEST(nxLogManagerDevices, AreReplacedAndHandedBackAndAllOfThemGetEachRecord) {
 }
 
 TEST(nxLogManagerDevices, ThatThrowOrLogThemselvesDisturbNobody) {
+    class BadDevice : public nxLogDevice {
+        void Write(const nxLog& record) override {
+            nxWriteLog({nxLogLevels::Fatal, SourceFile}, "about ", record.GetLogEntry());
+            throw 42;
+        }
+    };
     const nxCollectedLog collected;
-    const nxLogManager::Devices devices = nxLogManager::SetDevices({});
-    nxLogManager::AddDevice(std::make_shared<FunctionLogDevice>([](const nxLog&) { throw 42; }));
-    nxLogManager::AddDevice(std::make_shared<FunctionLogDevice>([](const nxLog& record) {
-        nxWriteLog({nxLogLevels::Fatal, SourceFile}, "about ", record.GetLogEntry());
-        throw std::runtime_error("full");
-    }));
+    const nxLogManager::Devices devices = nxLogManager::SetDevices({std::make_shared<BadDevice>()});
     nxLogManager::AddDevice(devices.front());
     EXPECT_NO_THROW(nxWriteLog({nxLogLevels::Error, SourceFile}, "first"));
     EXPECT_NO_THROW(nxWriteLog({nxLogLevels::Error, SourceFile}, "second"));
@@ -146,71 +138,57 @@ TEST(nxWriteLogThreads, LoseAndMixNothingWhileDevicesAndThresholdChange) {
     const nxCollectedLog collected;
     const auto other = std::make_shared<CollectingLogDevice>();
 
-    std::atomic<bool> done = false;
-    std::thread changing([&done, &other] {
+    std::jthread changing([&other](const std::stop_token& done) {
         nxLogManager::Devices devices{other};
-        while (!done) {
+        while (!done.stop_requested()) {
             devices = nxLogManager::SetDevices(std::move(devices));
             nxLogManager::SetThreshold(nxLogLevels::Error);
             nxLogManager::SetThreshold(nxLogLevels::Trace);
         }
     });
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < ThreadCount; ++thread)
-        threads.emplace_back([thread] {
-            for (int record = 0; record < RecordCount; ++record)
-                nxWriteLog({nxLogLevels::Error, SourceFile}, "thread ", thread, " record ", record);
-        });
-    for (std::thread& thread : threads)
-        thread.join();
-    done = true;
+    nxInThreads(ThreadCount, RecordCount, [](int thread, int record) {
+        nxWriteLog({nxLogLevels::Error, SourceFile}, "thread ", thread, " record ", record);
+    });
+    changing.request_stop();
     changing.join();
 
+    std::multiset<std::string> expected;
+    for (int i = 0; i < ThreadCount * RecordCount; ++i)
+        expected.insert("thread " + std::to_string(i / RecordCount) + " record " +
+                        std::to_string(i % RecordCount));
     std::multiset<std::string> seen;
     for (const auto* records : {&collected.Records(), &std::as_const(other->records)}) {
         for (const CollectedRecord& record : *records)
             seen.insert(record.entry);
     }
-    std::multiset<std::string> expected;
-    for (int thread = 0; thread < ThreadCount; ++thread) {
-        for (int record = 0; record < RecordCount; ++record)
-            expected.insert("thread " + std::to_string(thread) + " record " + std::to_string(record));
-    }
     EXPECT_EQ(seen, expected);
 }
 
-class nxConsoleLogDeviceOutput : public testing::Test {
-protected:
-    // What the device writes to standard error for one record.
-    static std::string _Written(const nxLogLevelEnum& level, const std::string& text) {
-        testing::internal::CaptureStderr();
-        nxConsoleLogDevice device;
-        nxLog record(level, SourceFile, 12345);
-        record << text;
-        nxConsoleLogDevice(device).Write(record);
-        return testing::internal::GetCapturedStderr();
+TEST(nxConsoleLogDeviceOutput, IsOneLineWithTimeLevelSourceAndTextWhateverItsBytes) {
+    const struct {
+        std::string text;
+        std::string shown;
+    } cases[] = {
+        {"%v {} text", "%v {} text"},
+        {"a\0b\nc\r\x1B[2J\x7F\xC3\xA9\t\\n"s, "a\\x00b\\nc\\r\\x1B[2J\\x7F\xC3\xA9\\t\\n"},
+        {std::string(100'000, 'x'), std::string(100'000, 'x')},
+    };
+    for (const auto& [text, shown] : cases) {
+        for (unsigned int level = nxLogLevelEnum::Trace; level <= nxLogLevelEnum::Fatal; ++level) {
+            nxLog record(level, SourceFile, 12345);
+            record << text;
+            testing::internal::CaptureStderr();
+            nxConsoleLogDevice().Write(record);
+            const std::string line = testing::internal::GetCapturedStderr();
+
+            const std::size_t blank = line.find(' ');
+            nxDateTime time;
+            EXPECT_EQ(nxDateTime::SetFromString(line.substr(0, blank), time), nxErrorEnum::OK) << line;
+            const nxDateTime begun = record.GetTimeStamp().GetAsDateTime();
+            EXPECT_EQ(time.GetTime(), begun.GetTime());
+            EXPECT_EQ(time.GetFraction(), begun.GetFraction() / 1us * 1us);
+            EXPECT_EQ(line.substr(blank), " " + nxLogLevelEnum(level).GetShortDescription() +
+                                              " xmlFramework/trunk/nxLogTest:12345 " + shown + "\n");
+        }
     }
-};
-
-TEST_F(nxConsoleLogDeviceOutput, IsOneLineWithTimeLevelSourceAndText) {
-    for (unsigned int level = nxLogLevelEnum::Trace; level <= nxLogLevelEnum::Fatal; ++level) {
-        const nxDateTime before = nxTimeStamp::Now().GetAsDateTime();
-        const std::string written = _Written(level, "%v {} text");
-        const std::size_t blank = written.find(' ');
-        nxDateTime time;
-        EXPECT_EQ(nxDateTime::SetFromString(written.substr(0, blank), time), nxErrorEnum::OK) << written;
-        EXPECT_EQ(blank, std::string_view("2026-11-21T10:53:00.123456Z").size());
-        EXPECT_GE(time.GetTime(), before.GetTime());
-        EXPECT_EQ(written.substr(blank), " " + nxLogLevelEnum(level).GetShortDescription() +
-                                             " xmlFramework/trunk/nxLogTest:12345 %v {} text\n");
-    }
-}
-
-TEST_F(nxConsoleLogDeviceOutput, KeepsToOneLineWhateverBytesTheTextHoldsAndHoweverMany) {
-    using namespace std::string_literals;
-    const std::string bytes = _Written(nxLogLevels::Error, "a\0b\nc\r\x1B[2J\x7F\xC3\xA9\t\\n"s);
-    EXPECT_TRUE(bytes.ends_with(" a\\x00b\\nc\\r\\x1B[2J\\x7F\xC3\xA9\\t\\n\n")) << bytes;
-
-    const std::string longText(1'000'000, 'x');
-    EXPECT_TRUE(_Written(nxLogLevels::Error, longText).ends_with(" " + longText + "\n"));
 }

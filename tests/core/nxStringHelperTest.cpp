@@ -11,35 +11,31 @@
 #include <chrono>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <random>
 #include <string>
 
-TEST(nxStringHelperBool, IsWrittenAsAWordAndReadInAnyLetterCaseAndAsADigit) {
-    EXPECT_EQ(nxStringHelper::GetAsString(true), "true");
-    EXPECT_EQ(nxStringHelper::GetAsString(false), "false");
-    for (const char* text : {"true", "TRUE", "tRuE", "1"}) {
-        bool value = false;
-        EXPECT_EQ(nxStringHelper::SetFromString(text, value), nxErrorEnum::OK) << text;
-        EXPECT_TRUE(value) << text;
-    }
-    for (const char* text : {"false", "False", "FALSE", "0"}) {
-        bool value = true;
-        EXPECT_EQ(nxStringHelper::SetFromString(text, value), nxErrorEnum::OK) << text;
-        EXPECT_FALSE(value) << text;
-    }
-}
+using namespace std::string_view_literals;
 
-TEST(nxStringHelperBool, LeavesTheValueUntouchedForAnyOtherText) {
-    for (const char* text : {"", "yes", "t", "truE ", " true", "01", "2", "-1", "falsefalse"}) {
+TEST(nxStringHelperBool, IsAWordInAnyLetterCaseOrADigit) {
+    const struct {
+        const char* text;
+        bool value;
+    } cases[] = {{"true", true},   {"tRuE", true},   {"TRUE", true},   {"1", true},
+                 {"false", false}, {"False", false}, {"FALSE", false}, {"0", false}};
+    for (const auto& [text, value] : cases) {
+        bool read = !value;
+        EXPECT_EQ(nxStringHelper::SetFromString(text, read), nxErrorEnum::OK) << text;
+        EXPECT_EQ(read, value) << text;
+    }
+    for (const char* text : {"", "yes", "t", "truE ", " true", "01", "2", "falsefalse"}) {
         for (const bool before : {true, false}) {
             bool value = before;
             EXPECT_EQ(nxStringHelper::SetFromString(text, value), nxErrorEnum::ValueNotParsed) << text;
             EXPECT_EQ(value, before) << text;
         }
     }
+    EXPECT_EQ(nxStringHelper::GetAsString(true) + nxStringHelper::GetAsString(false), "truefalse");
 }
 
 template <class Number>
@@ -47,9 +43,9 @@ class nxStringHelperInteger : public testing::Test {};
 using Integers = testing::Types<int, unsigned int, long, unsigned long, long long, unsigned long long>;
 TYPED_TEST_SUITE(nxStringHelperInteger, Integers);
 
-TYPED_TEST(nxStringHelperInteger, ReadsBackUpToItsLimitsAndNotBeyond) {
+TYPED_TEST(nxStringHelperInteger, ReadsBackUpToItsLimitsAndRefusesWhatIsBeyondOrNotDigitsOnly) {
     using Limits = std::numeric_limits<TypeParam>;
-    for (const TypeParam value : {Limits::min(), TypeParam{0}, TypeParam{42}, Limits::max()}) {
+    for (const TypeParam value : {Limits::min(), TypeParam{0}, Limits::max()}) {
         TypeParam read = 7;
         EXPECT_EQ(nxStringHelper::SetFromString(nxStringHelper::GetAsString(value), read), nxErrorEnum::OK);
         EXPECT_EQ(read, value);
@@ -59,47 +55,25 @@ TYPED_TEST(nxStringHelperInteger, ReadsBackUpToItsLimitsAndNotBeyond) {
     ++above.back(); // 7 or 5 before
     std::string below = Limits::is_signed ? nxStringHelper::GetAsString(Limits::min()) : "-0";
     ++below.back(); // 8 or 0 before
-    for (const std::string& text : {above, below, above + "0", std::string(1000, '9')}) {
+    const std::string_view texts[] = {
+        above,  below, "",    "-",     "+1",  " 1",  "1 ",
+        "0x10", "1.0", "1e3", "1,000", "--1", "one", "\xD9\xA1" /* an Arabic 1 */,
+        "1\0"sv};
+    for (const std::string_view text : texts) {
         TypeParam read = 7;
         EXPECT_EQ(nxStringHelper::SetFromString(text, read), nxErrorEnum::ValueNotParsed) << text;
         EXPECT_EQ(read, TypeParam{7}) << text;
     }
 }
 
-TYPED_TEST(nxStringHelperInteger, RefusesWhateverIsNotDigitsOnly) {
-    using namespace std::string_literals;
-    for (const std::string& text : {""s, "-"s, "+1"s, " 1"s, "1 "s, "1\n"s, "0x10"s, "1.0"s, "1e3"s, "1,000"s,
-                                    "--1"s, "1-"s, "one"s, "\xD9\xA1"s /* an Arabic 1 */, "1\0"s}) {
-        TypeParam read = 7;
-        EXPECT_EQ(nxStringHelper::SetFromString(text, read), nxErrorEnum::ValueNotParsed) << text;
-        EXPECT_EQ(read, TypeParam{7}) << text;
-    }
-}
+TEST(nxStringHelperDouble, IsWrittenShortAndReadsBackEveryBit) {
+    EXPECT_EQ(nxStringHelper::GetAsString(-0.1), "-0.1");
+    EXPECT_EQ(nxStringHelper::GetAsString(0.1 + 0.2), "0.30000000000000004");
+    EXPECT_EQ(nxStringHelper::GetAsString(1e22), "1e+22");
+    EXPECT_EQ(nxStringHelper::GetAsString(4503599627370495.0), "4503599627370495");
 
-TEST(nxStringHelperDouble, IsWrittenAsTheShortestTextThatReadsBack) {
-    const struct {
-        double value;
-        const char* text;
-    } cases[] = {
-        {0.0, "0"},
-        {-0.0, "-0"},
-        {0.1, "0.1"},
-        {0.1 + 0.2, "0.30000000000000004"},
-        {1.0 / 3, "0.3333333333333333"},
-        {-1234567.5, "-1234567.5"},
-        {1e22, "1e+22"},
-        {4503599627370495.0, "4503599627370495"},
-        {std::numeric_limits<double>::max(), "1.7976931348623157e+308"},
-        {std::numeric_limits<double>::min(), "2.2250738585072014e-308"},
-        {std::numeric_limits<double>::denorm_min(), "5e-324"},
-    };
-    for (const auto& [value, text] : cases)
-        EXPECT_EQ(nxStringHelper::GetAsString(value), text);
-}
-
-TEST(nxStringHelperDouble, ReadsBackEveryBitPatternAndNoShorterMantissaWould) {
     std::mt19937_64 random(20261121);
-    for (int i = 0; i < 50'000; ++i) {
+    for (int i = 0; i < 10'000; ++i) {
         const std::uint64_t bits = random();
         const auto value = std::bit_cast<double>(bits);
         if (!std::isfinite(value))
@@ -108,35 +82,19 @@ TEST(nxStringHelperDouble, ReadsBackEveryBitPatternAndNoShorterMantissaWould) {
         double read = 7;
         ASSERT_EQ(nxStringHelper::SetFromString(text, read, '.'), nxErrorEnum::OK) << text;
         ASSERT_EQ(std::bit_cast<std::uint64_t>(read), bits) << text;
-
-        const std::size_t exponent = text.find('e');
-        const auto digits = exponent - (text.front() == '-') - (text.find('.') != std::string::npos);
-        if (exponent == std::string::npos || digits == 1)
-            continue;
-        char shorter[64];
-        std::snprintf(shorter, sizeof shorter, "%.*e", static_cast<int>(digits) - 2, value);
-        ASSERT_NE(std::strtod(shorter, nullptr), value) << text;
     }
 }
 
 TEST(nxStringHelperDouble, RefusesWhateverIsNoFiniteNumberInTheGivenNotation) {
-    const struct {
-        const char* text;
-        char separator;
-    } cases[] = {
-        {"", '.'},      {"abc", '.'},    {"1.5x", '.'},  {" 1", '.'},    {"1 ", '.'},  {"+1", '.'},
-        {"1,5", '.'},   {"1.5", ','},    {"1,5,5", ','}, {"0x1p3", '.'}, {"inf", '.'}, {"-inf", '.'},
-        {"nan", '.'},   {"NAN", '.'},    {".", '.'},     {"-", '.'},     {"e5", '.'},  {"infinity", '.'},
-        {"1e400", '.'}, {"-1e400", '.'}, {"1e", '.'},
-    };
-    for (const auto& [text, separator] : cases) {
-        double value = 7;
-        EXPECT_EQ(nxStringHelper::SetFromString(text, value, separator), nxErrorEnum::ValueNotParsed) << text;
-        EXPECT_EQ(value, 7) << text;
-    }
     double value = 0;
     EXPECT_EQ(nxStringHelper::SetFromString("-1,25e2", value, ','), nxErrorEnum::OK);
     EXPECT_EQ(value, -125);
+    EXPECT_EQ(nxStringHelper::SetFromString("1.5", value, ','), nxErrorEnum::ValueNotParsed);
+    for (const char* text : {"", "abc", "1.5x", " 1", "1 ", "+1", "1,5", "0x1p3", "inf", "-inf", "nan", "NAN",
+                             ".", "-", "e5", "1e", "1e400"}) {
+        EXPECT_EQ(nxStringHelper::SetFromString(text, value, '.'), nxErrorEnum::ValueNotParsed) << text;
+        EXPECT_EQ(value, -125) << text;
+    }
 }
 
 TEST(nxStringHelperTrim, TakesAsciiWhiteSpaceFromItsOwnSideOnly) {
@@ -145,8 +103,6 @@ TEST(nxStringHelperTrim, TakesAsciiWhiteSpaceFromItsOwnSideOnly) {
         const char* left;
         const char* right;
     } cases[] = {
-        {"", "", ""},
-        {"XNYS", "XNYS", "XNYS"},
         {"  XN YS ", "XN YS ", "  XN YS"},
         {" \t\n\v\f\rX\r\f\v\n\t ", "X\r\f\v\n\t ", " \t\n\v\f\rX"},
         {" \t\n\v\f\r", "", ""},
@@ -170,18 +126,12 @@ TEST(nxStringHelperReplace, ReplacesFromLeftToRightAndNeverWhatItPutThere) {
         const char* to;
         const char* result;
     } cases[] = {
-        {"a=1\x01"
-         "b=2\x01",
-         "\x01", "^^|^^", "a=1^^|^^b=2^^|^^"},
-        {"a=1^^|^^b=2^^|^^", "^^|^^", "\x01",
-         "a=1\x01"
-         "b=2\x01"},
+        {"a^^|^^z^^|^^", "^^|^^", "\x01", "a\x01z\x01"},
         {"aaa", "aa", "b", "ba"},
         {"a.a", "a", "aa", "aa.aa"},
         {"xabx", "ab", "", "xx"},
         {"text", "", "x", "text"},
         {"text", "longer than the text", "x", "text"},
-        {"", "a", "b", ""},
     };
     for (const auto& [text, from, to, result] : cases) {
         std::string replaced = text;
@@ -200,5 +150,4 @@ TEST(nxStringHelperReplace, OfMillionsOfOccurrencesTakesLinearTime) {
     nxStringHelper::Replace(text, "\x01", "^^|^^");
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)); // quadratic: minutes
     EXPECT_EQ(text.size(), 20'000'000U);
-    EXPECT_TRUE(text.ends_with("^^|^^^^|^^"));
 }

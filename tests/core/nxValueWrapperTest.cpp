@@ -10,26 +10,7 @@
 
 #include <gtest/gtest.h>
 
-#include <bit>
-#include <cstdint>
 #include <string>
-
-TEST(nxValueWrapperState, IsAReservedValueOfTheNumberItself) {
-    EXPECT_EQ(unsigned{nxUnsignedValueWrapper()}, 4294967295U);
-    EXPECT_EQ(unsigned{nxUnsignedValueWrapper(nxNullInitalizer())}, 4294967295U);
-    EXPECT_EQ(unsigned{nxUnsignedValueWrapper(nxNoChangeInitalizer())}, 4294967294U);
-    EXPECT_EQ(int{nxIntValueWrapper(nxNullInitalizer())}, 2147483647);
-    EXPECT_EQ(int{nxIntValueWrapper(nxNoChangeInitalizer())}, 2147483646);
-
-    nxIntValueWrapper value(-5);
-    EXPECT_TRUE(value.IsValid());
-    value.SetNoChange();
-    EXPECT_TRUE(value.IsNoChange() && !value.IsNull() && !value.IsValid());
-    value.SetNull();
-    EXPECT_TRUE(value.IsNull() && !value.IsNoChange() && !value.IsValid());
-    value = 0;
-    EXPECT_TRUE(value.IsValid());
-}
 
 template <class Wrapper>
 void ExpectReadsBack(Wrapper value, const char* text) {
@@ -39,15 +20,25 @@ void ExpectReadsBack(Wrapper value, const char* text) {
     EXPECT_EQ(read, value) << text;
 }
 
-TEST(nxValueWrapperText, NamesTheReservedValuesAndReadsBack) {
-    ExpectReadsBack<nxUnsignedValueWrapper>(7, "7");
+TEST(nxValueWrapperState, IsAReservedValueOfTheNumberItselfAndNamedInTexts) {
+    nxIntValueWrapper value;
+    EXPECT_TRUE(value.IsNull() && !value.IsNoChange() && !value.IsValid());
+    value.SetNoChange();
+    EXPECT_TRUE(value.IsNoChange() && !value.IsNull() && !value.IsValid());
+    value = 0;
+    EXPECT_TRUE(value.IsValid());
+
     ExpectReadsBack<nxUnsignedValueWrapper>(4294967295, "NULL");
     ExpectReadsBack<nxUnsignedValueWrapper>(4294967294, "NO_CHANGE");
     ExpectReadsBack<nxUnsignedValueWrapper>(4294967293, "4294967293");
     ExpectReadsBack<nxIntValueWrapper>(-2147483648, "-2147483648");
     ExpectReadsBack<nxIntValueWrapper>(2147483647, "NULL");
     ExpectReadsBack<nxIntValueWrapper>(2147483646, "NO_CHANGE");
+    ExpectReadsBack<nxIntValueWrapper>(nxNullInitalizer(), "NULL");
+    ExpectReadsBack<nxIntValueWrapper>(nxNoChangeInitalizer(), "NO_CHANGE");
+}
 
+TEST(nxValueWrapperSetFromString, ReadsReservedDigitsAndLeavesTheValueForAnyOtherText) {
     nxUnsignedValueWrapper value;
     EXPECT_EQ(value.SetFromString("4294967294"), nxErrorEnum::OK);
     EXPECT_TRUE(value.IsNoChange());
@@ -62,10 +53,9 @@ TEST(nxValueWrapperComparison, GoesByTheRawValueWhateverTypeTheOtherSideHas) {
     const nxUnsignedValueWrapper seven = 7;
     EXPECT_TRUE(seven == 7 && 7 == seven && seven == 7U && seven == 7LL && seven == short{7});
     EXPECT_TRUE(seven != 8 && seven < 8 && seven <= 7 && 8 > seven && seven >= 7UL);
-    EXPECT_TRUE(seven > -1 && seven != -1 && -1 < seven);
+    EXPECT_TRUE(seven > -1 && seven != -1 && -1 < seven && nxUnsignedValueWrapper() != -1);
     EXPECT_FALSE(seven == 4294967303); // 7 and 2 to the 32nd
     EXPECT_TRUE(nxUnsignedValueWrapper() > seven && nxUnsignedValueWrapper() > 4294967294U);
-    EXPECT_TRUE(nxUnsignedValueWrapper() != -1);
     const nxUnsignedValueWrapper category = nxDataCategoryCode("XMIC");
     EXPECT_TRUE(category == nxDataCategoryEnum::MICDefinitionList);
     EXPECT_TRUE(category > nxDataCategoryEnum::BrokerMap);
@@ -76,9 +66,6 @@ TEST(nxValueWrapperComparison, GoesByTheRawValueWhateverTypeTheOtherSideHas) {
 }
 
 TEST(nxDoubleValueWrapperState, OfTheTaggedConstructorsIsCrossedOver) {
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(nxDoubleValueWrapper::NullValue), 0x432FFFFFFFFFFFFEU);
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(nxDoubleValueWrapper::NoChangeValue), 0x432FFFFFFFFFFFFCU);
-
     EXPECT_TRUE(nxDoubleValueWrapper().IsNull());
     EXPECT_TRUE(nxDoubleValueWrapper(nxNoChangeInitalizer()).IsNull());
     EXPECT_TRUE(nxDoubleValueWrapper(nxNullInitalizer()).IsNoChange());
@@ -99,10 +86,9 @@ TEST(nxDoubleValueWrapperText, IsEmptyForBothStatesAndShowsTheDigitsOfNullInLogs
         const char* text;
         const char* logText;
     } cases[] = {
-        {1.5, "1.5", "1.5"},
         {-0.1, "-0.1", "-0.1"},
-        {nxDoubleValueWrapper(), "", "4503599627370495"},
-        {nxNullInitalizer(), "", "NO_CHANGE"},
+        {4503599627370495.0, "", "4503599627370495"},
+        {4503599627370494.0, "", "NO_CHANGE"},
     };
     for (const auto& [value, text, logText] : cases) {
         EXPECT_EQ(value.GetAsString(), text);
@@ -112,58 +98,42 @@ TEST(nxDoubleValueWrapperText, IsEmptyForBothStatesAndShowsTheDigitsOfNullInLogs
     nxDoubleValueWrapper value;
     EXPECT_EQ(value.SetFromString("-1.25"), nxErrorEnum::OK);
     EXPECT_EQ(value, -1.25);
-    for (const char* text : {"abc", "", "1,25", "inf", "NULL"}) {
-        value = 7;
-        EXPECT_EQ(value.SetFromString(text), nxErrorEnum::ValueNotParsed) << text;
-        EXPECT_TRUE(value.IsNull()) << text;
-    }
+    EXPECT_EQ(value.SetFromString("1,25"), nxErrorEnum::ValueNotParsed);
+    EXPECT_TRUE(value.IsNull());
 }
 
-TEST(nxDoubleValueWrapperArithmetic, WorksOnTheRawValueInEitherOrder) {
+TEST(nxDoubleValueWrapperArithmetic, WorksOnTheRawValue) {
     nxDoubleValueWrapper value = 6;
-    EXPECT_EQ(value + 2, 8);
-    EXPECT_EQ(value - 2, 4);
-    EXPECT_EQ(3 * value, 18);
     EXPECT_EQ(3 / value, 0.5);
     value += 4;
     value -= 1;
     value *= 2;
     value /= 3;
     EXPECT_EQ(value.GetValue(), 6);
-
     value.SetNull();
     value -= 1;
     EXPECT_TRUE(value.IsNoChange());
-    EXPECT_TRUE(nxDoubleValueWrapper() > 1e15 && 1e15 < nxDoubleValueWrapper());
-    EXPECT_TRUE(nxDoubleValueWrapper(2) == 2 && nxDoubleValueWrapper(2) != 3 && nxDoubleValueWrapper(2) < 3);
-    EXPECT_TRUE(nxDoubleValueWrapper(2) <= 2.0 && nxDoubleValueWrapper(2) >= 2.0F);
+    EXPECT_TRUE(nxDoubleValueWrapper() > 1e15 && nxDoubleValueWrapper(2) == 2 && nxDoubleValueWrapper(2) < 3);
     EXPECT_TRUE(nxDoubleValueWrapper::GetMax(1, nxDoubleValueWrapper()).IsNull());
-    EXPECT_EQ(nxDoubleValueWrapper::GetMax(3, 2), 3);
     EXPECT_EQ(nxDoubleValueWrapper::GetMin(1, nxDoubleValueWrapper()), 1);
-    EXPECT_EQ(nxDoubleValueWrapper::GetMin(3, 2), 2);
 }
 
 TEST(nxStringValueState, IsKeptBesideTheText) {
     const struct {
         nxStringValue value;
         unsigned int status;
-        std::string text;
     } cases[] = {
-        {nxStringValue(), 242, ""},
-        {nxNullInitalizer(), 242, ""},
-        {nxNoChangeInitalizer(), 243, ""},
-        {"", 241, ""},
-        {"NULL", 241, "NULL"},
-        {std::string("a\0b", 3), 241, std::string("a\0b", 3)},
+        {nxStringValue(), nxValueStatusEnum::Null},
+        {nxNullInitalizer(), nxValueStatusEnum::Null},
+        {nxNoChangeInitalizer(), nxValueStatusEnum::NoChange},
+        {"", nxValueStatusEnum::Valid},
     };
-    for (const auto& [value, status, text] : cases) {
-        EXPECT_EQ(value.GetStatus().GetEnumValue(), status);
-        EXPECT_EQ(value.IsValid(), status == 241);
-        EXPECT_EQ(value.IsNull(), status == 242);
-        EXPECT_EQ(value.IsNoChange(), status == 243);
-        EXPECT_EQ(value.GetValue(), text);
+    for (const auto& [value, status] : cases) {
+        EXPECT_EQ(value.GetStatus(), status);
+        EXPECT_EQ(value.IsValid(), status == nxValueStatusEnum::Valid);
+        EXPECT_EQ(value.IsNull(), status == nxValueStatusEnum::Null);
+        EXPECT_EQ(value.IsNoChange(), status == nxValueStatusEnum::NoChange);
+        EXPECT_EQ(value == nxStringValue(), status == nxValueStatusEnum::Null);
     }
-    EXPECT_NE(nxStringValue(), nxStringValue(""));
-    EXPECT_NE(nxStringValue(nxNullInitalizer()), nxStringValue(nxNoChangeInitalizer()));
-    EXPECT_EQ(nxStringValue("a"), nxStringValue(std::string("a")));
+    EXPECT_EQ(nxStringValue("a").GetValue(), "a");
 }

@@ -3,56 +3,33 @@
 
 #include "xmlFramework/kestrum/nxKestrumParameterDefinition.h"
 
-#include "tests/support/nxPrint.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/nxRecordText.h"
 
 #include <memory>
 #include <string>
 
 namespace {
+    using namespace nxRecordText;
     using Type = nxKestrumParameterTypeEnum;
-
-    std::string Written(const nxKestrumParameterDefinition& definition) {
-        nxXMLDocument document;
-        document.CreateDocument("P");
-        nxXMLElement element = document.GetRootElement();
-        EXPECT_EQ(definition.ConvertToXML(element), nxErrorEnum::OK);
-        std::string xml;
-        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
-        return xml;
-    }
-
-    nxErrorEnum Read(nxKestrumParameterDefinition& definition, const std::string& xml) {
-        nxXMLDocument document;
-        EXPECT_EQ(document.LoadFromString(xml), nxErrorEnum::OK) << xml;
-        nxXMLElement element = document.GetRootElement();
-        return definition.ConvertFromXML(element);
-    }
 
     nxKestrumParameterDefinition Sample() {
         nxKestrumParameterDefinition definition("Side", Type::Text, false);
         definition.SetReadOnly(false);
-        definition.SetDescription("Buy & sell");
+        definition.SetDescription("any");
         definition.SetValidValues({"Buy", "", "Sell", "Buy"});
         return definition;
     }
-
-    constexpr char SampleXML[] =
-        "<P><Name>Side</Name><ParameterType>TEXT</ParameterType><Optional>false</Optional>"
-        "<SystemParameter>false</SystemParameter><ReadOnly>false</ReadOnly>"
-        "<Description>Buy &amp; sell</Description>"
-        "<ValidValues><ValidValue>Buy</ValidValue><ValidValue></ValidValue><ValidValue>Sell</ValidValue>"
-        "<ValidValue>Buy</ValidValue></ValidValues></P>";
-    constexpr char DefaultXML[] = "<P><Name></Name><ParameterType>UNDEFINED</ParameterType>"
-                                  "<Optional>true</Optional><SystemParameter>false</SystemParameter>"
-                                  "<ReadOnly>true</ReadOnly><Description></Description><ValidValues/></P>";
+    const std::string SampleValues = Elements("ValidValue=Buy ValidValue= ValidValue=Sell ValidValue=Buy");
+    const std::string SampleFields = Elements("Name=Side ParameterType=TEXT Optional=false "
+                                              "SystemParameter=false ReadOnly=false Description=any");
 } // namespace
 
 TEST(nxKestrumParameterDefinitionConvertToXML, WritesEveryFieldInOrder) {
-    EXPECT_EQ(Written(Sample()), SampleXML);
-    EXPECT_EQ(Written(nxKestrumParameterDefinition()), DefaultXML);
+    EXPECT_EQ(WrittenItem(Sample()), SampleFields + Element("ValidValues", SampleValues));
+    EXPECT_EQ(WrittenItem(nxKestrumParameterDefinition()),
+              Elements("Name= ParameterType=UNDEFINED Optional=true SystemParameter=false ReadOnly=true "
+                       "Description=") +
+                  "<ValidValues/>");
     EXPECT_TRUE(nxKestrumParameterDefinition("n", Type::Price, false).GetReadOnly());
 }
 
@@ -69,78 +46,61 @@ TEST(nxKestrumParameterDefinitionConvertToXML, ReturnsTheFirstFailure) {
     EXPECT_FALSE(element.FindChildElement("ValidValues").IsValid());
 }
 
-TEST(nxKestrumParameterDefinitionConvertFromXML, ReadsBackWhatWasWritten) {
-    nxKestrumParameterDefinition definition;
-    EXPECT_EQ(Read(definition, SampleXML), nxErrorEnum::OK);
-    EXPECT_EQ(Written(definition), SampleXML);
-
+TEST(nxKestrumParameterDefinitionConvertFromXML, AddsValidValuesToThoseHeld) {
+    nxKestrumParameterDefinition definition = Sample();
     const std::unique_ptr<nxKestrumParameterDefinition> copy(definition.CopyInstance());
-    EXPECT_EQ(Read(definition, SampleXML), nxErrorEnum::OK);
-    EXPECT_EQ(definition.GetValidValues().size(), 8U) << "values are added to those held";
-    EXPECT_EQ(Written(*copy), SampleXML);
+    EXPECT_EQ(ReadItem(definition, SampleFields + Element("ValidValues", SampleValues)), nxErrorEnum::OK);
+    EXPECT_EQ(WrittenItem(definition), SampleFields + Element("ValidValues", SampleValues + SampleValues));
+    EXPECT_EQ(WrittenItem(*copy), WrittenItem(Sample()));
 }
 
 TEST(nxKestrumParameterDefinitionConvertFromXML, EndsAtARequiredFieldThatIsMissingOrMalformed) {
-    constexpr char Rest[] = "<ReadOnly>false</ReadOnly><ValidValues><ValidValue>v</ValidValue></ValidValues>";
+    const std::string rest =
+        Elements("ReadOnly=false Description=d") + Element("ValidValues", Elements("ValidValue=v"));
     const struct {
-        const char* children;
+        const char* elements;
         nxErrorEnum result;
-        const char* name;
-        unsigned int type;
+        const char* read;
     } cases[] = {
-        {"<ParameterType>PRICE</ParameterType><Optional>false</Optional>", nxErrorEnum::ValueNotFound, "", 0},
-        {"<Name/><ParameterType>PRICE</ParameterType><Optional>false</Optional>", nxErrorEnum::ValueNotFound,
-         "", 0},
-        {"<Name>n</Name><Optional>false</Optional>", nxErrorEnum::ValueNotFound, "n", 0},
-        {"<Name>n</Name><ParameterType>9601</ParameterType><Optional>false</Optional>",
-         nxErrorEnum::ValueNotParsed, "n", 0},
-        {"<Name>n</Name><ParameterType>PRICE</ParameterType>", nxErrorEnum::ValueNotFound, "n", Type::Price},
-        {"<Name>n</Name><ParameterType>PRICE</ParameterType><Optional>no</Optional>",
-         nxErrorEnum::ValueNotParsed, "n", Type::Price},
+        {"ParameterType=PRICE Optional=false", nxErrorEnum::ValueNotFound, "Name= ParameterType=UNDEFINED"},
+        {"Name= ParameterType=PRICE Optional=false", nxErrorEnum::ValueNotFound,
+         "Name= ParameterType=UNDEFINED"},
+        {"Name=n Optional=false", nxErrorEnum::ValueNotFound, "Name=n ParameterType=UNDEFINED"},
+        {"Name=n ParameterType=9601 Optional=false", nxErrorEnum::ValueNotParsed,
+         "Name=n ParameterType=UNDEFINED"},
+        {"Name=n ParameterType=PRICE", nxErrorEnum::ValueNotFound, "Name=n ParameterType=PRICE"},
+        {"Name=n ParameterType=PRICE Optional=no", nxErrorEnum::ValueNotParsed, "Name=n ParameterType=PRICE"},
     };
-    for (const auto& [children, result, name, type] : cases) {
+    for (const auto& [elements, result, read] : cases) {
         nxKestrumParameterDefinition definition;
-        EXPECT_EQ(Read(definition, std::string("<P>") + children + Rest + "</P>"), result) << children;
-        EXPECT_EQ(definition.GetName(), name);
-        EXPECT_EQ(definition.GetParameterType().GetEnumValue(), type);
-        EXPECT_TRUE(definition.GetOptional() && definition.GetReadOnly()) << children;
-        EXPECT_TRUE(definition.GetValidValues().empty()) << children;
+        EXPECT_EQ(ReadItem(definition, Elements(elements) + rest), result) << elements;
+        EXPECT_EQ(WrittenItem(definition),
+                  Elements(read) +
+                      Elements("Optional=true SystemParameter=false ReadOnly=true Description=") +
+                      "<ValidValues/>");
     }
 }
 
-TEST(nxKestrumParameterDefinitionConvertFromXML, KeepsOtherFieldsThatAreMissingOrMalformed) {
-    const std::string required =
-        "<Optional>0</Optional><ParameterType>PRICE</ParameterType><Name>n</Name><Name>later</Name>";
-    for (const char* children :
-         {"", "<ReadOnly>no</ReadOnly><SystemParameter/><Description><![CDATA[x]]></Description>"}) {
-        nxKestrumParameterDefinition definition;
-        definition.SetDescription("before");
-        EXPECT_EQ(Read(definition, "<P>" + required + children + "</P>"), nxErrorEnum::OK);
-        EXPECT_EQ(Written(definition),
-                  "<P><Name>n</Name><ParameterType>PRICE</ParameterType><Optional>false</Optional>"
-                  "<SystemParameter>false</SystemParameter><ReadOnly>true</ReadOnly>"
-                  "<Description>before</Description><ValidValues/></P>");
-    }
-}
-
-TEST(nxKestrumParameterDefinitionConvertFromXML, TakesValidValuesUpToAChildOfAnotherName) {
+TEST(nxKestrumParameterDefinitionConvertFromXML, TakesTheFirstFieldAndValidValuesUpToAnotherChild) {
+    const std::string required = Elements("Optional=0 ParameterType=PRICE Name=n Name=later");
     const struct {
-        const char* validValues;
-        std::vector<std::string> values;
+        std::string children;
+        std::string values;
     } cases[] = {
-        {"<ValidValues/>", {}},
+        {"<ReadOnly>no</ReadOnly><SystemParameter/><Description><![CDATA[x]]></Description>", ""},
         {"<ValidValues><!--c-->text<ValidValue>a</ValidValue><ValidValue/><ValidValue> </ValidValue>"
          "</ValidValues><ValidValues><ValidValue>b</ValidValue></ValidValues>",
-         {"a", "", " "}},
-        {"<ValidValues><ValidValue>a</ValidValue><x/><ValidValue>b</ValidValue></ValidValues>", {"a"}},
-        {"<ValidValues><validValue>a</validValue><ValidValue>b</ValidValue></ValidValues>", {}},
+         "<ValidValue>a</ValidValue><ValidValue></ValidValue><ValidValue> </ValidValue>"},
+        {Element("ValidValues", Elements("ValidValue=a x= ValidValue=b")), Elements("ValidValue=a")},
+        {Element("ValidValues", Elements("validValue=a ValidValue=b")), ""},
     };
-    for (const auto& [validValues, values] : cases) {
+    for (const auto& [children, values] : cases) {
         nxKestrumParameterDefinition definition;
-        EXPECT_EQ(Read(definition, std::string("<P><Name>n</Name><ParameterType>PRICE</ParameterType>"
-                                               "<Optional>true</Optional>") +
-                                       validValues + "</P>"),
-                  nxErrorEnum::OK);
-        EXPECT_EQ(definition.GetValidValues(), values) << validValues;
+        definition.SetDescription("before");
+        EXPECT_EQ(ReadItem(definition, required + children), nxErrorEnum::OK);
+        EXPECT_EQ(WrittenItem(definition),
+                  Elements("Name=n ParameterType=PRICE Optional=false SystemParameter=false ReadOnly=true "
+                           "Description=before") +
+                      (values.empty() ? "<ValidValues/>" : Element("ValidValues", values)));
     }
 }

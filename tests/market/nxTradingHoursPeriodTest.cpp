@@ -7,9 +7,9 @@
 
 #include <chrono>
 
-using namespace std::chrono_literals;
-
 namespace {
+    using namespace nxRecordText;
+    using namespace std::chrono_literals;
     using Session = nxTradingSessionTypeEnum;
     constexpr unsigned int Null = nxUnsignedValueWrapper::NullValue;
     constexpr unsigned int NoChange = nxUnsignedValueWrapper::NoChangeValue;
@@ -54,13 +54,10 @@ TEST(nxTradingHoursPeriodIsValid, WantsATypeARegionATimeAndDaysWithinOneWeek) {
         {{.end = none}, true},
         {{.start = none, .end = none}, false},
         {{.start = nxTime(18h)}, true}, // ends before it starts
-        {{.startDay = 3, .endDay = 3}, true},
         {{.startDay = 0, .endDay = 6}, true},
         {{.startDay = 5, .endDay = 1}, false},
-        {{.startDay = 0, .endDay = 7}, false},
-        {{.startDay = 7, .endDay = 7}, false},
+        {{.startDay = 5, .endDay = 7}, false},
         {{.startDay = Null}, false},
-        {{.endDay = Null}, false},
         {{.startDay = NoChange, .endDay = NoChange}, false},
         {{.startDay = NoChange, .endDay = Null}, false},
     };
@@ -69,7 +66,6 @@ TEST(nxTradingHoursPeriodIsValid, WantsATypeARegionATimeAndDaysWithinOneWeek) {
         EXPECT_EQ(period.IsValid(), isValid ? nxErrorEnum::OK : nxErrorEnum::InvalidData)
             << period.GetAsLogString();
     }
-    EXPECT_EQ(nxTradingHoursPeriod().IsValid(), nxErrorEnum::InvalidData);
 }
 
 TEST(nxTradingHoursPeriodIsEqual, LooksAtEveryMember) {
@@ -86,7 +82,6 @@ TEST(nxTradingHoursPeriodGetAsLogString, LeavesOutAnEndThatIsAsTheStart) {
         const char* text;
     } cases[] = {
         {{.endDay = 1}, "1 Market closed Europe/Oslo 09:00:00 - 17:30:00"},
-        {{.endDay = 4}, "1-4 Market closed Europe/Oslo 09:00:00 - 17:30:00"},
         {{.type = Session::OpeningAuction, .endRegion = "UTC", .start = nxTime(), .startDay = 5, .endDay = 1},
          "5-1 Opening auction Europe/Oslo NULL - UTC 17:30:00"},
         {{.endRegion = "", .end = nxTime(500ms), .startDay = NoChange},
@@ -98,46 +93,37 @@ TEST(nxTradingHoursPeriodGetAsLogString, LeavesOutAnEndThatIsAsTheStart) {
 }
 
 TEST(nxTradingHoursPeriodConvertToXML, WritesAllSevenMembersAlways) {
-    EXPECT_EQ(nxRecordText::WrittenItem(nxTradingHoursPeriod()),
-              "<SessionType>UNDEFINED</SessionType><StartTimeZoneRegion></StartTimeZoneRegion>"
-              "<StartTime></StartTime><StartDay>4294967295</StartDay><EndTimeZoneRegion></EndTimeZoneRegion>"
-              "<EndTime></EndTime><EndDay>4294967295</EndDay>");
-    EXPECT_EQ(
-        nxRecordText::WrittenItem(Make({.endRegion = "UTC", .end = nxTime(17h + 1ns), .startDay = NoChange})),
-        "<SessionType>CLOSED</SessionType><StartTimeZoneRegion>Europe/Oslo</StartTimeZoneRegion>"
-        "<StartTime>09:00:00</StartTime><StartDay>4294967294</StartDay>"
-        "<EndTimeZoneRegion>UTC</EndTimeZoneRegion><EndTime>17:00:00.000000001</EndTime><EndDay>5</EndDay>");
+    EXPECT_EQ(WrittenItem(nxTradingHoursPeriod()),
+              Elements("SessionType=UNDEFINED StartTimeZoneRegion= StartTime= StartDay=4294967295 "
+                       "EndTimeZoneRegion= EndTime= EndDay=4294967295"));
+    EXPECT_EQ(WrittenItem(Make({.endRegion = "UTC", .end = nxTime(17h + 1ns), .startDay = NoChange})),
+              Elements("SessionType=CLOSED StartTimeZoneRegion=Europe/Oslo StartTime=09:00:00 "
+                       "StartDay=4294967294 EndTimeZoneRegion=UTC EndTime=17:00:00.000000001 EndDay=5"));
 }
 
 TEST(nxTradingHoursPeriodConvertFromXML, ReadsEachMemberBehindTheOneFoundBefore) {
     const struct {
-        const char* children;
+        const char* elements;
         Parts parts;
     } cases[] = {
-        {"", {}},
-        {"text<x/><SessionType>BREAK</SessionType><y/><StartDay>0</StartDay><EndDay>6</EndDay>",
+        {"SessionType=BREAK other=y StartDay=0 EndDay=6",
          {.type = Session::Break, .startDay = 0, .endDay = 6}},
         // The region is looked for behind the type; as it is not there, what follows starts from the first.
-        {"<StartTimeZoneRegion>UTC</StartTimeZoneRegion><StartTime>01:00:00</StartTime><StartDay>2</StartDay>"
-         "<SessionType>BREAK</SessionType>",
+        {"StartTimeZoneRegion=UTC StartTime=01:00:00 StartDay=2 SessionType=BREAK",
          {.type = Session::Break, .start = nxTime(1h), .startDay = 2}},
         // The second of a name counts where the first stands too early.
-        {"<EndDay>3</EndDay><EndTime>18:00:00</EndTime><EndDay>4</EndDay>",
-         {.end = nxTime(18h), .endDay = 4}},
-        {"<StartDay>2</StartDay><StartDay>3</StartDay>", {.startDay = 2}},
+        {"EndDay=3 EndTime=18:00:00 EndDay=4", {.end = nxTime(18h), .endDay = 4}},
+        {"StartDay=2 StartDay=3", {.startDay = 2}},
         // What cannot be parsed was found all the same.
-        {"<StartDay>2</StartDay><SessionType>none</SessionType><StartTimeZoneRegion>UTC</StartTimeZoneRegion>"
-         "<StartTime/><StartDay/>",
-         {.startRegion = "UTC"}},
-        {"<SessionType>Break</SessionType><StartTimeZoneRegion/><StartTime>24:00:00</StartTime>"
-         "<StartDay>-1</StartDay><EndTimeZoneRegion><x/>UTC</EndTimeZoneRegion><EndTime>9</EndTime>"
-         "<EndDay>five</EndDay>",
+        {"StartDay=2 SessionType=none StartTimeZoneRegion=UTC StartTime= StartDay=", {.startRegion = "UTC"}},
+        {"SessionType=Break StartTimeZoneRegion= StartTime=24:00:00 StartDay=-1 EndTimeZoneRegion=<x/>UTC "
+         "EndTime=9 EndDay=five",
          {}},
-        {"<StartDay>4294967295</StartDay><EndDay>9</EndDay>", {.startDay = Null, .endDay = 9}},
+        {"StartDay=4294967295 EndDay=9", {.startDay = Null, .endDay = 9}},
     };
-    for (const auto& [children, parts] : cases) {
+    for (const auto& [elements, parts] : cases) {
         nxTradingHoursPeriod period = Make({});
-        nxRecordText::ReadItem(period, children);
-        EXPECT_TRUE(period.IsEqual(Make(parts))) << children << '\n' << period.GetAsLogString();
+        EXPECT_EQ(ReadItem(period, Elements(elements)), nxErrorEnum::OK);
+        EXPECT_TRUE(period.IsEqual(Make(parts))) << elements << '\n' << period.GetAsLogString();
     }
 }

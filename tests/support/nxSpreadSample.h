@@ -3,11 +3,8 @@
 
 #pragma once
 
-#include "tests/support/nxPrint.h"
+#include "tests/support/nxRecordText.h"
 #include "xmlFramework/spread/nxSyntheticSpreadOrderSpecLeg_XML.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
-
-#include <gtest/gtest.h>
 
 #include <array>
 #include <cstdint>
@@ -16,31 +13,13 @@
 #include <type_traits>
 #include <utility>
 
-// Spread legs from and to text, and legs of any content.
+// Spread legs from text, and legs of any content.
 namespace nxSpreadSample {
     using Leg = nxSyntheticSpreadOrderSpecLeg_XML;
 
-    // The leg as the children of its element.
-    inline std::string Written(Leg& leg) {
-        nxXMLDocument document;
-        EXPECT_EQ(document.CreateDocument("Leg-0"), nxErrorEnum::OK);
-        nxXMLElement root = document.GetRootElement();
-        EXPECT_EQ(leg.ConvertToXML(root, "prefix: "), nxErrorEnum::OK);
-        std::string xml;
-        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
-        return xml.substr(7, xml.size() - 15); // without <Leg-0> and </Leg-0>
-    }
-
     inline Leg Read(const std::string& children, Leg into = Leg()) {
-        nxXMLDocument document;
-        EXPECT_EQ(document.LoadFromString("<Leg-0>" + children + "</Leg-0>"), nxErrorEnum::OK) << children;
-        nxXMLElement root = document.GetRootElement();
-        EXPECT_EQ(into.ConvertFromXML(root, "prefix: "), nxErrorEnum::OK) << children;
+        EXPECT_EQ(nxRecordText::ReadItem(into, children), nxErrorEnum::OK);
         return into;
-    }
-
-    inline std::string Element(const std::string& name, const std::string& text) {
-        return "<" + name + ">" + text + "</" + name + ">";
     }
 
     // The values of a type by number: 0 is null or undefined, 1 is no change (where the type has them), and

@@ -16,7 +16,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <ctime>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -103,10 +102,9 @@ TEST(nxXMLDocumentLoad, RefusesADoctypeOfAnyKindAndReadsNothingFromOutside) {
     for (const std::string& place : {file.Path(), "file://" + file.Path(), server.URL()}) {
         for (const std::string& doctype : Strings{
                  "<!DOCTYPE a>",
-                 "<!DOCTYPE a []>",
                  "<!DOCTYPE a SYSTEM '" + place + "'>",
                  "<!DOCTYPE a PUBLIC '-//X//Y//EN' '" + place + "'>",
-                 "<!DOCTYPE a [<!ENTITY x 'y'>]>",
+                 "<!DOCTYPE a [<!ENTITY y 'z'><!ENTITY x '&y;&y;'>]>",
                  "<!DOCTYPE a [<!ENTITY x SYSTEM '" + place + "'>]>",
                  "<!DOCTYPE a [<!ENTITY % x SYSTEM '" + place + "'> %x;]>",
              }) {
@@ -141,23 +139,9 @@ TEST(nxXMLDocumentLoad, ConnectsToNobodyForAPath) {
                                      "'\nException message is:  \nNo such file or directory\n"});
 }
 
-TEST(nxXMLDocumentLoad, RefusesNestedEntitiesAtOnce) {
-    std::string xml = "<!DOCTYPE a [<!ENTITY x0 'x'>";
-    for (int i = 1; i < 30; ++i) {
-        const std::string inner = "&x" + std::to_string(i - 1) + ";";
-        xml += "<!ENTITY x" + std::to_string(i) + " '" + inner + inner + "'>";
-    }
-    xml += "]><a>&x29;</a>";
-
-    const nxCollectedLog log;
-    const std::clock_t start = std::clock(); // of the processor: the machine may be busy
-    EXPECT_EQ(nxXMLDocument().LoadFromString(xml), nxErrorEnum::XMLParseFailed);
-    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC / 10);
-}
-
 TEST(nxXMLDocumentLoad, TakesAnyDepthOnAnOrdinaryStack) {
     for (const unsigned int depth :
-         {nxXMLDocument::MaxSavedDepth, nxXMLDocument::MaxSavedDepth + 1, 100'000U, 1'000'000U}) {
+         {nxXMLDocument::MaxSavedDepth, nxXMLDocument::MaxSavedDepth + 1, 1'000'000U}) {
         // A thread has the stack that the system gives by default, whatever this program was started with.
         std::thread([depth] {
             const nxCollectedLog log;

@@ -5,13 +5,12 @@
 
 #include "core/nxFileHelper.h"
 #include "tests/support/nxCollectedLog.h"
+#include "tests/support/nxFullDisk.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -19,7 +18,13 @@
 namespace {
     using Strings = std::vector<std::string>;
 
+    // What is logged behind the parser's own message, and what the parser says to some documents.
     constexpr char NoOutput[] = "Errors occurred, no output available";
+    constexpr char NotSupported[] =
+        "Message is: implementation does not support the requested type of object or operation";
+    constexpr char Contradiction[] =
+        ", Line: 1, Column: 40. Message: encoding 'UTF-16' from XML declaration or manually set contradicts "
+        "the auto-sensed encoding; ignoring";
 
     std::string Saved(nxXMLDocument& document) {
         std::string xml = "not saved";
@@ -43,99 +48,54 @@ namespace {
         return {ascii.begin(), ascii.end()};
     }
 
-    // The number of the buffer that the next load from a string has.
-    int NextBufferNumber() {
+    // The name of the buffer that the next load from a string has.
+    std::string NextBufferName() {
+        const std::string name = "nxMemBufInputSource";
         const nxCollectedLog log;
         nxXMLDocument().LoadFromString("");
         const std::string entry = log.Entries().at(0);
-        return std::stoi(entry.substr(entry.find("Source") + 6)) + 1;
+        return name + std::to_string(std::stoi(entry.substr(entry.find(name) + name.size())) + 1);
     }
-
-    // No file of the process grows beyond `bytes`, as on a full disk.
-    class FullDisk {
-    public:
-        explicit FullDisk(rlim_t bytes) {
-            getrlimit(RLIMIT_FSIZE, &_before);
-            const rlimit limit{bytes, _before.rlim_max};
-            setrlimit(RLIMIT_FSIZE, &limit);
-        }
-        ~FullDisk() {
-            setrlimit(RLIMIT_FSIZE, &_before);
-            std::signal(SIGXFSZ, _handlerBefore);
-        }
-        FullDisk(const FullDisk&) = delete;
-        FullDisk& operator=(const FullDisk&) = delete;
-
-    private:
-        rlimit _before{};
-        void (*_handlerBefore)(int) = std::signal(SIGXFSZ, SIG_IGN);
-    };
 
     nxXMLDocument documentThatLivesAsLongAsTheProgram;
 } // namespace
 
-TEST(nxXMLDocumentLoadFromString, LogsPlaceAndReasonOfWhatIsNotWellFormed) {
+TEST(nxXMLDocumentLoadFromString, LogsWhatTheParserSaysAndFailsFromThenOn) {
+    const std::string fatal = "DOM Fatal Error. URI: ";
     const struct {
         const char* xml;
-        const char* problem;
+        std::string before; // the buffer's name
+        std::string behind;
     } cases[] = {
-        {"", "Line: 1, Column: 1. Message: invalid document structure"},
-        {"no XML", "Line: 1, Column: 1. Message: invalid document structure"},
-        {"<a>\n<b></a>", "Line: 2, Column: 6. Message: expected end of tag 'b'"},
-        {"<a/><b/>", "Line: 1, Column: 5. Message: comment or processing instruction expected"},
-        {"<a>&x;</a>", "Line: 1, Column: 7. Message: entity 'x' not found"},
-        {"<a b='' b=''/>",
-         "Line: 1, Column: 11. Message: attribute 'b' is already specified for element 'a'"},
-        {"<a>&#xFFFE;</a>", "Line: 1, Column: 12. Message: invalid character reference"},
-        {"<a>\xED\xA0\x80</a>", "Line: 1, Column: 1. Message: irregular bytes '\uFFFD' and '\uFFFD' of a "
-                                "3-byte sequence"},
+        {"", fatal, ", Line: 1, Column: 1. Message: invalid document structure"},
+        {"<a>\n<b></a>", fatal, ", Line: 2, Column: 6. Message: expected end of tag 'b'"},
+        {"<a/><b/>", fatal, ", Line: 1, Column: 5. Message: comment or processing instruction expected"},
+        {"<a>\xED\xA0\x80</a>", fatal,
+         ", Line: 1, Column: 1. Message: irregular bytes '\uFFFD' and '\uFFFD' of a 3-byte sequence"},
+        {"<?xml version='1.0' encoding='UTF-16'?><a/>", "DOM Warning. URI: ", Contradiction},
     };
-    for (const auto& [xml, problem] : cases) {
-        const std::string uri = "nxMemBufInputSource" + std::to_string(NextBufferNumber());
+    for (const auto& [xml, before, behind] : cases) {
+        const std::string buffer = NextBufferName();
         const nxCollectedLog log;
         nxXMLDocument document;
         EXPECT_EQ(document.LoadFromString(xml), nxErrorEnum::XMLParseFailed) << xml;
-        EXPECT_EQ(log.Entries(), (Strings{"DOM Fatal Error. URI: " + uri + ", " + problem, NoOutput}));
+        EXPECT_EQ(document.LoadFromString("<a/>"), nxErrorEnum::XMLParseFailed) << xml;
+        EXPECT_EQ(log.Entries(), (Strings{before + buffer + behind, NoOutput, NoOutput}));
         EXPECT_FALSE(document.GetRootElement().IsValid());
         for (const CollectedRecord& record : log.Records()) {
-            EXPECT_EQ(record.level.GetEnumValue(), 37U);
+            EXPECT_EQ(record.level, nxLogLevelEnum::Error);
             EXPECT_EQ(record.sourceFile, "xmlFramework/trunk/nxXMLDocument");
         }
     }
+    EXPECT_EQ(nxXMLDocument().LoadFromString("<a/>"), nxErrorEnum::OK);
 }
 
 TEST(nxXMLDocumentLoadFromString, LogsTheWholeTextOfWhatMakesTheParserThrow) {
     const nxCollectedLog log;
-    nxXMLDocument document;
-    EXPECT_EQ(document.LoadFromString("<?xml version='1.2'?><a/>"), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(log.Entries(),
-              (Strings{"\nDOM Error during parsing of string: <?xml version='1.2'?><a/>\n"
-                       "DOMException code is:  9",
-                       "Message is: implementation does not support the requested type of object or "
-                       "operation"}));
-}
-
-TEST(nxXMLDocumentLoadFromString, FailsForAWarningAndFromThenOn) {
-    const std::string uri = "nxMemBufInputSource" + std::to_string(NextBufferNumber());
-    const nxCollectedLog log;
-    nxXMLDocument document;
-    EXPECT_EQ(document.LoadFromString("<?xml version='1.0' encoding='UTF-16'?><a/>"),
-              nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(document.LoadFromString("<a/>"), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(log.Entries(),
-              (Strings{"DOM Warning. URI: " + uri +
-                           ", Line: 1, Column: 40. Message: encoding 'UTF-16' from XML declaration or "
-                           "manually set contradicts the auto-sensed encoding; ignoring",
-                       NoOutput, NoOutput}));
-
-    nxXMLDocument fresh;
-    EXPECT_EQ(fresh.LoadFromString("<a/>"), nxErrorEnum::OK);
-}
-
-TEST(nxXMLDocumentLoadFromString, NamesItsBuffersByCountingThroughTheProcess) {
-    const int number = NextBufferNumber();
-    EXPECT_EQ(nxXMLDocument().LoadFromString("<a/>"), nxErrorEnum::OK);
-    EXPECT_EQ(NextBufferNumber(), number + 2);
+    EXPECT_EQ(nxXMLDocument().LoadFromString("<?xml version='1.2'?><a/>"), nxErrorEnum::XMLParseFailed);
+    EXPECT_EQ(log.Entries(), (Strings{"\nDOM Error during parsing of string: <?xml version='1.2'?><a/>\n"
+                                      "DOMException code is:  9",
+                                      NotSupported}));
 }
 
 TEST(nxXMLDocumentLoadFromString, ReplacesTheDocumentUnlessItFails) {
@@ -152,21 +112,16 @@ TEST(nxXMLDocumentLoadFromString, ReplacesTheDocumentUnlessItFails) {
 
 TEST(nxXMLDocumentLoadFromString, RefusesBytesBehindTheRootThatTheParserPassesOver) {
     using namespace std::string_literals;
-    for (const std::string& tail : {"\0"s, "\0<b/>"s, "\n\0"s, "\xC3"s, "\xE2\x82"s, "\xF0>"s, "\xF0\x9F>\n"s,
-                                    "\xFC<b/>"s, "<!--\xF0-->"s}) {
+    for (const std::string& tail : {"\0"s, "\0<b/>"s, "\xC3"s, "\xE2\x82"s, "\xF0>"s, "\xFC<b/>"s}) {
         const std::string xml = "<a/>" + tail;
         const nxCollectedLog log;
         nxXMLDocument document;
         EXPECT_EQ(document.LoadFromString(xml), nxErrorEnum::XMLParseFailed) << testing::PrintToString(xml);
-        EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error).size(), log.Records().size());
-        EXPECT_FALSE(log.Records().empty());
+        EXPECT_EQ(log.Entries(), Strings{"Error during parsing of string: " + xml +
+                                         " \nException message is:  \n"
+                                         "the text goes on behind the end of the document\n"});
         EXPECT_FALSE(document.GetRootElement().IsValid());
     }
-    const nxCollectedLog log;
-    EXPECT_EQ(nxXMLDocument().LoadFromString("<a/>\0"s), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(log.Entries(),
-              Strings{"Error during parsing of string: <a/>\0 \n"
-                      "Exception message is:  \nthe text goes on behind the end of the document\n"s});
 }
 
 TEST(nxXMLDocumentLoadFromString, ReadsTheEncodingsThatADocumentNames) {
@@ -214,8 +169,6 @@ TEST(nxXMLDocumentLoadFromFile, SaysThatAFileThatCannotBeReadGaveNoDocument) {
         {folder.Path().native(), "Is a directory"},
         {"file://elsewhere/a.xml", "No such file or directory"},
         {"file:///a%2.xml", "No such file or directory"},
-        {"ftp://127.0.0.1/a.xml", "No such file or directory"},
-        {"", "No such file or directory"},
     };
     for (const auto& [path, problem] : cases) {
         const nxCollectedLog log;
@@ -229,76 +182,58 @@ TEST(nxXMLDocumentLoadFromFile, SaysThatAFileThatCannotBeReadGaveNoDocument) {
     }
 }
 
-TEST(nxXMLDocumentLoadFromFile, NamesTheFileInWhatItLogs) {
-    const nxTempFolder folder;
-    const std::string bad = folder.PathOf("bad.xml");
-    const std::string strange = folder.PathOf("strange.xml");
-    const std::string longer = folder.PathOf("longer.xml");
-    WriteFile(bad, "<a>\n</b>");
-    WriteFile(strange, "<?xml version='1.2'?><a/>");
-    WriteFile(longer, "<a/>\xC3");
-
-    const nxCollectedLog log;
-    EXPECT_EQ(nxXMLDocument().LoadFromFile(bad), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(nxXMLDocument().LoadFromFile(strange), nxErrorEnum::XMLNoDocumentParsed);
-    EXPECT_EQ(nxXMLDocument().LoadFromFile(longer), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(
-        log.Entries(),
-        (Strings{"DOM Fatal Error. URI: " + bad + ", Line: 2, Column: 3. Message: expected end of tag 'a'",
-                 NoOutput, "\nDOM Error during parsing: '" + strange + "'\nDOMException code is:  9",
-                 "Message is: implementation does not support the requested type of object or operation",
-                 "Error during parsing: '" + longer +
-                     "'\nException message is:  \nthe text goes on behind the end of the document\n"}));
-}
-
-TEST(nxXMLDocumentLoadFromFile, SaysThatThereIsNoDocumentWhenTheParserThrowsUnlessOneWasLoadedBefore) {
+TEST(nxXMLDocumentLoadFromFile, NamesTheFileInWhatItLogsAndKeepsTheDocumentOfBefore) {
     const nxTempFolder folder;
     const std::string path = folder.PathOf("a.xml");
-    WriteFile(path, "<?xml version='1.2' encoding='UTF-16'?><a/>"); // a warning, and then it throws
-    const nxCollectedLog log;
-    EXPECT_EQ(nxXMLDocument().LoadFromFile(path), nxErrorEnum::XMLNoDocumentParsed);
-    ASSERT_EQ(log.Entries().size(), 3U);
-    EXPECT_TRUE(log.Entries().front().starts_with("DOM Warning. URI: " + path));
-    EXPECT_TRUE(log.Entries().back().starts_with("Message is: "));
+    const std::string thrown = "\nDOM Error during parsing: '" + path + "'\nDOMException code is:  9";
+    const struct {
+        const char* xml;
+        unsigned int result; // where no document was loaded before
+        Strings entries;
+    } cases[] = {
+        {"<a>\n</b>",
+         nxErrorEnum::XMLParseFailed,
+         {"DOM Fatal Error. URI: " + path + ", Line: 2, Column: 3. Message: expected end of tag 'a'",
+          NoOutput}},
+        {"<?xml version='1.2'?><a/>", nxErrorEnum::XMLNoDocumentParsed, {thrown, NotSupported}},
+        {"<?xml version='1.2' encoding='UTF-16'?><a/>",
+         nxErrorEnum::XMLNoDocumentParsed,
+         {"DOM Warning. URI: " + path + Contradiction, thrown, NotSupported}},
+        {"<a/>\xC3",
+         nxErrorEnum::XMLParseFailed,
+         {"Error during parsing: '" + path +
+          "'\nException message is:  \nthe text goes on behind the end of the document\n"}},
+    };
+    for (const auto& [xml, result, entries] : cases) {
+        WriteFile(path, xml);
+        const nxCollectedLog log;
+        EXPECT_EQ(nxXMLDocument().LoadFromFile(path), result) << xml;
+        EXPECT_EQ(log.Entries(), entries);
 
-    nxXMLDocument document;
-    ASSERT_EQ(document.LoadFromString("<b/>"), nxErrorEnum::OK);
-    EXPECT_EQ(document.LoadFromFile(path), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(Saved(document), "<b/>");
+        nxXMLDocument document;
+        ASSERT_EQ(document.LoadFromString("<b/>"), nxErrorEnum::OK);
+        EXPECT_EQ(document.LoadFromFile(path), nxErrorEnum::XMLParseFailed) << xml;
+        EXPECT_EQ(Saved(document), "<b/>");
+    }
 }
 
 TEST(nxXMLDocumentLoadFromFileViaString, HandsBackTheTextWithLineFeeds) {
     const nxTempFolder folder;
     const std::string path = folder.PathOf("a.xml");
     const nxCollectedLog log;
-
+    nxXMLDocument document;
     std::string contents = "before";
-    EXPECT_EQ(nxXMLDocument().LoadFromFileViaString(path, contents), nxErrorEnum::InputNotUsable);
+    EXPECT_EQ(document.LoadFromFileViaString(path, contents), nxErrorEnum::InputNotUsable);
     EXPECT_EQ(contents, "");
     EXPECT_EQ(log.Entries(), Strings());
 
     WriteFile(path, "<a>\r\n\r</a>\r\n");
-    nxXMLDocument document;
     EXPECT_EQ(document.LoadFromFileViaString(path, contents), nxErrorEnum::OK);
     EXPECT_EQ(contents, "<a>\n\r</a>\n");
     EXPECT_EQ(document.GetRootElement().GetTextValue(), "\n\n");
-
-    WriteFile(path, "<a>\r\n");
-    EXPECT_EQ(nxXMLDocument().LoadFromFileViaString(path, contents), nxErrorEnum::XMLParseFailed);
-    EXPECT_EQ(contents, "<a>\n");
 }
 
-TEST(nxXMLDocumentCreateDocument, RefusesASecondDocument) {
-    nxXMLDocument document;
-    EXPECT_EQ(document.CreateDocument("a"), nxErrorEnum::OK);
-    EXPECT_EQ(document.CreateDocument("b"), nxErrorEnum::XMLDocumentNotCreatable);
-    EXPECT_EQ(Saved(document), "<a/>");
-    EXPECT_EQ(document.LoadFromString("<c/>"), nxErrorEnum::OK);
-    EXPECT_EQ(document.CreateDocument("d"), nxErrorEnum::XMLDocumentNotCreatable);
-    EXPECT_EQ(Saved(document), "<c/>");
-}
-
-TEST(nxXMLDocumentCreateDocument, RefusesARootNameThatIsNoXMLName) {
+TEST(nxXMLDocumentCreateDocument, RefusesASecondDocumentAndARootNameThatIsNoXMLName) {
     for (const std::string name : {"", "a b", "1a", "<", "a\xFF", "a\x01", "\U0001F600"}) {
         const nxCollectedLog log;
         nxXMLDocument document;
@@ -306,6 +241,7 @@ TEST(nxXMLDocumentCreateDocument, RefusesARootNameThatIsNoXMLName) {
         EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error),
                   Strings{"Error creating document '" + name + "': the name cannot be carried by XML"});
         EXPECT_EQ(document.CreateDocument("a\u00E9"), nxErrorEnum::OK);
+        EXPECT_EQ(document.CreateDocument("b"), nxErrorEnum::XMLDocumentNotCreatable);
         EXPECT_EQ(Saved(document), "<a\u00E9/>");
     }
 }
@@ -376,7 +312,7 @@ TEST(nxXMLDocumentSaveToFile, KeepsTheFileThatWasThereWhenItFails) {
 
     const nxCollectedLog log;
     {
-        const FullDisk limit(10);
+        const nxFullDisk limit(10);
         EXPECT_EQ(document.SaveToFile(path), nxErrorEnum::XMLWriteFailed);
     }
     EXPECT_EQ(document.GetRootElement().SetValue("\x01"), nxErrorEnum::XMLTextNotCarried);
@@ -394,26 +330,15 @@ TEST(nxXMLDocumentSaveToFile, KeepsTheFileThatWasThereWhenItFails) {
 }
 
 TEST(nxXMLDocumentSaveToFile, LogsWhyAFileCannotBeWritten) {
-    const nxTempFolder folder;
     nxXMLDocument document;
     ASSERT_EQ(document.CreateDocument("a"), nxErrorEnum::OK);
-    const struct {
-        std::string path;
-        const char* problem;
-    } cases[] = {
-        {"/dev/full", "No space left on device"},
-        {folder.PathOf("no/a.xml"), "No such file or directory"},
-        {folder.Path().native(), "Is a directory"},
-        {"", "No such file or directory"},
-    };
-    for (const auto& [path, problem] : cases) {
-        const nxCollectedLog log;
-        const std::string entry =
-            "Error saving document: " + path + " \nException message is:  \n" + problem + "\n";
-        EXPECT_EQ(document.SaveToFile(path), nxErrorEnum::XMLWriteFailed) << path;
-        EXPECT_EQ(document.SaveToFileViaExistingString(path, "<a/>"), nxErrorEnum::XMLWriteFailed) << path;
-        EXPECT_EQ(log.Entries(), (Strings{entry, entry}));
-    }
+    const nxCollectedLog log;
+    EXPECT_EQ(document.SaveToFile(std::string("/dev/full")), nxErrorEnum::XMLWriteFailed);
+    EXPECT_EQ(document.SaveToFileViaExistingString("", "<a/>"), nxErrorEnum::XMLWriteFailed);
+    EXPECT_EQ(
+        log.Entries(),
+        (Strings{"Error saving document: /dev/full \nException message is:  \nNo space left on device\n",
+                 "Error saving document:  \nException message is:  \nNo such file or directory\n"}));
 }
 
 TEST(nxXMLDocumentDestructor, ComesBeforeTheParserIsTerminatedWhenTheProgramEnds) {

@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <string>
 
 namespace {
@@ -35,15 +34,13 @@ TEST(nxXMLElementGetNextChildElement, PassesOverOtherNodesAndStartsAgainBehindTh
     Loaded xml("<a>1<b/><!--x--><![CDATA[y]]><?z?><c/>2</a>");
     for (const char* name : {"b", "c", "", "b", "c"})
         EXPECT_EQ(xml.root.GetNextChildElement().GetName(), name);
+    nxXMLElement copy = xml.root; // and of the cursor
+    EXPECT_EQ(copy.GetNextChildElement().GetName(), "");
+    EXPECT_EQ(xml.root.GetNextChildElement().GetName(), "");
+    xml.root.GetNextChildElement();
     xml.root.ResetCurrentChildElement();
     EXPECT_EQ(xml.root.GetNextChildElement().GetName(), "b");
-}
-
-TEST(nxXMLElementGetNextChildElement, GivesHandlesWhoseOwnCursorStandsBeforeTheFirstChild) {
-    Loaded xml("<a><b><c/></b></a>");
-    nxXMLElement b = xml.root.GetNextChildElement();
-    EXPECT_EQ(b.GetNextChildElement().GetName(), "c");
-    EXPECT_FALSE(b.GetNextChildElement().IsValid());
+    EXPECT_EQ(xml.document.GetRootElement().GetNextChildElement().GetName(), "b");
 }
 
 TEST(nxXMLElementGetNextChildElement, OfANameMovesTheCursorAlsoPastAnotherChild) {
@@ -77,22 +74,10 @@ TEST(nxXMLElementGetFirstChildElement, WithoutChildrenGivesTheChildOfTheCursor) 
     EXPECT_FALSE(handle.GetFirstChildElement().IsValid());
 }
 
-TEST(nxXMLElementCopy, CarriesTheCursorAlong) {
-    Loaded xml("<a><b/><c/></a>");
-    xml.root.GetNextChildElement();
-    nxXMLElement copy = xml.root;
-    EXPECT_EQ(copy.GetNextChildElement().GetName(), "c");
-    EXPECT_EQ(xml.root.GetNextChildElement().GetName(), "c");
-    copy = xml.document.GetRootElement();
-    EXPECT_EQ(copy.GetNextChildElement().GetName(), "b");
-}
-
 TEST(nxXMLElementResetCurrentChildElementImmediatelyPriorTo, MakesTheNamedChildTheNextOne) {
-    Loaded xml("<a><b/><c n='1'/><c n='2'/></a>");
-    std::string n;
+    Loaded xml("<a><b/><c>1</c><c>2</c></a>");
     EXPECT_TRUE(xml.root.ResetCurrentChildElementImmediatelyPriorTo("c"));
-    EXPECT_EQ(xml.root.GetNextChildElement("c").GetAttribute("n", n), nxErrorEnum::OK);
-    EXPECT_EQ(n, "1");
+    EXPECT_EQ(xml.root.GetNextChildElement("c").GetTextValue(), "1");
     EXPECT_TRUE(xml.root.ResetCurrentChildElementImmediatelyPriorTo("b"));
     EXPECT_EQ(xml.root.GetNextChildElement().GetName(), "b");
     EXPECT_FALSE(xml.root.ResetCurrentChildElementImmediatelyPriorTo("d"));
@@ -102,10 +87,9 @@ TEST(nxXMLElementResetCurrentChildElementImmediatelyPriorTo, MakesTheNamedChildT
 TEST(nxXMLElementFindChildElement, ComparesNamesExactlyAndLeavesTheCursor) {
     Loaded xml("<a><Bc/><b:c/><b\u00E9>1</b\u00E9><b/><b>2</b></a>");
     xml.root.GetNextChildElement();
-    for (const char* name : {"bc", "B", "c", "b:", "b\xC3", "bc\xFF", ""})
-        EXPECT_FALSE(xml.root.FindChildElement(name).IsValid()) << name;
     using namespace std::string_view_literals;
-    EXPECT_FALSE(xml.root.FindChildElement("b\0"sv).IsValid());
+    for (const auto name : {"bc"sv, "B"sv, "c"sv, "b:"sv, "b\xC3"sv, "bc\xFF"sv, ""sv, "b\0"sv, "Bc\0"sv})
+        EXPECT_FALSE(xml.root.FindChildElement(name).IsValid()) << name;
     EXPECT_EQ(xml.root.FindChildElement("b\u00E9").GetTextValue(), "1");
     EXPECT_EQ(xml.root.FindChildElement("b:c").GetName(), "b:c");
     EXPECT_EQ(xml.root.FindChildElement("b").GetTextValue(), "");
@@ -123,16 +107,20 @@ TEST(nxXMLElementFindNextChildElement, LooksBehindAChildOfTheSameElementOnly) {
     EXPECT_FALSE(xml.root.FindNextChildElement("c", c.FindChildElement("b")).IsValid());
     EXPECT_FALSE(xml.root.FindNextChildElement("a", xml.root).IsValid());
     EXPECT_FALSE(xml.root.FindNextChildElement("b", nxXMLElement()).IsValid());
-    EXPECT_FALSE(nxXMLElement().FindNextChildElement("b", first).IsValid());
 }
 
-TEST(nxXMLElementAddChildElement, AppendsBehindWhatIsThere) {
+TEST(nxXMLElementAddChildElement, AppendsBehindWhatIsThereEachTypeInItsOwnForm) {
     Loaded xml("<r>1</r>");
     nxXMLElement child = xml.root.AddChildElement("a");
     EXPECT_EQ(child.AddChildElement("b", "<2>").GetTextValue(), "<2>");
-    EXPECT_EQ(xml.root.AddChildElement("c", L"\u00E9\U0001F600").GetTextValue(), "\u00E9\U0001F600");
-    EXPECT_EQ(xml.root.AddChildElement("d", "").GetName(), "d");
-    EXPECT_EQ(xml.Save(), "<r>1<a><b>&lt;2&gt;</b></a><c>\u00E9\U0001F600</c><d></d></r>");
+    EXPECT_EQ(child.AddChildElement("c", L"\u00E9\U0001F600").GetTextValue(), "\u00E9\U0001F600");
+    EXPECT_EQ(xml.root.AddChildValue("d", -5L), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.AddChildValue("e", nxDecimal(-150, 2)), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.AddChildValue("f", "x"), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.AddChildValue("g", L"z"), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.AddChildValue("h", nxDecimal()), nxErrorEnum::OK);
+    EXPECT_EQ(xml.Save(), "<r>1<a><b>&lt;2&gt;</b><c>\u00E9\U0001F600</c></a>"
+                          "<d>-5</d><e>-1.50</e><f>x</f><g>z</g><h></h></r>");
 }
 
 TEST(nxXMLElementAddChildElement, LetsTheParsersExceptionForABadNameThrough) {
@@ -143,19 +131,6 @@ TEST(nxXMLElementAddChildElement, LetsTheParsersExceptionForABadNameThrough) {
         EXPECT_ANY_THROW(xml.root.SetAttribute(name, "x")) << name;
     }
     EXPECT_EQ(xml.Save(), "<r/>");
-}
-
-TEST(nxXMLElementAddChildValue, WritesEachTypeInItsOwnForm) {
-    Loaded xml;
-    nxDecimal price;
-    ASSERT_EQ(price.SetFromString("-1.50", '.'), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("a", -5L), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("b", price), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("c", "x"), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("d", std::string("y")), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("e", L"z"), nxErrorEnum::OK);
-    EXPECT_EQ(xml.root.AddChildValue("f", nxDecimal()), nxErrorEnum::OK);
-    EXPECT_EQ(xml.Save(), "<r><a>-5</a><b>-1.50</b><c>x</c><d>y</d><e>z</e><f></f></r>");
 }
 
 TEST(nxXMLElementSetValue, ReplacesATextThatComesFirstAndAppendsElse) {
@@ -174,16 +149,8 @@ TEST(nxXMLElementGetText, CountsTheFirstNodeOnly) {
         const char* xml;
         const char* text; // null: there is none
     } cases[] = {
-        {"<v>7</v>", "7"},
-        {"<v> 7\n</v>", " 7\n"},
-        {"<v>7<x/>8</v>", "7"},
-        {"<v>7<!---->8</v>", "7"},
-        {"<v>&#55;&amp;</v>", "7&"},
-        {"<v><x/>7</v>", nullptr},
-        {"<v><!---->7</v>", nullptr},
-        {"<v/>", nullptr},
-        {"<v></v>", nullptr},
-        {"<v><![CDATA[7]]></v>", nullptr},
+        {"<v> 7\n<x/>8</v>", " 7\n"}, {"<v>7<!---->8</v>", "7"}, {"<v>&#55;&amp;</v>", "7&"},
+        {"<v><x/>7</v>", nullptr},    {"<v></v>", nullptr},      {"<v><![CDATA[7]]></v>", nullptr},
     };
     for (const auto& [text, expected] : cases) {
         const Loaded xml(text);
@@ -202,61 +169,50 @@ TEST(nxXMLElementGetText, CountsTheFirstNodeOnly) {
 
 TEST(nxXMLElementSetCDATAValue, ReplacesASectionThatComesFirstAndAppendsElse) {
     Loaded xml("<r>t</r>");
-    std::string value = "before";
     EXPECT_EQ(xml.root.SetCDATAValue("<a>"), nxErrorEnum::OK);
+    std::string value = "before";
     EXPECT_EQ(xml.root.GetCDATAValue(value), nxErrorEnum::ValueNotFound);
     EXPECT_EQ(value, "before");
     nxXMLElement child = xml.root.AddChildElement("c");
     EXPECT_EQ(child.SetCDATAValue("1]]>2"), nxErrorEnum::OK);
     EXPECT_EQ(child.SetCDATAValue("&"), nxErrorEnum::OK);
-    EXPECT_EQ(child.GetCDATAValue(value), nxErrorEnum::OK);
-    EXPECT_EQ(value, "&");
     EXPECT_EQ(xml.Save(), "<r>t<![CDATA[<a>]]><c><![CDATA[&]]></c></r>");
 }
 
 TEST(nxXMLElementSetCDATAValue, ReadsBackTheSameOrIsRefused) {
-    const nxCollectedLog log;
     for (const char* text : {"", "]]>", "a]]>b]]>", "]]]]>>", "\t\n ", "<&amp;\U0001F600"}) {
         Loaded xml;
         EXPECT_EQ(xml.root.SetCDATAValue(text), nxErrorEnum::OK);
         std::string value;
-        EXPECT_EQ(xml.root.GetCDATAValue(value), nxErrorEnum::OK);
-        EXPECT_EQ(value, text);
-        const Loaded again(xml.Save());
-        EXPECT_EQ(again.root.GetCDATAValue(value), nxErrorEnum::OK);
+        EXPECT_EQ(Loaded(xml.Save()).root.GetCDATAValue(value), nxErrorEnum::OK);
         EXPECT_EQ(value, text) << xml.Save();
     }
-    EXPECT_TRUE(log.Entries().empty());
 
+    const nxCollectedLog log;
     Loaded xml; // the end of a line inside a section is always read as a line feed
     EXPECT_EQ(xml.root.SetCDATAValue("a\r\n"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(xml.Save(), "not saved");
 }
 
-TEST(nxXMLElementSetAttribute, AddsOrReplaces) {
+TEST(nxXMLElementAttributes, AreAddedOrReplacedAndReadAsTheEmptyTextWhereThereIsNone) {
     Loaded xml("<r a='1'/>");
-    EXPECT_EQ(xml.root.SetAttribute("a", std::string("<\"")), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.SetAttribute("a", std::string("<\"\r")), nxErrorEnum::OK);
     EXPECT_EQ(xml.root.SetAttribute("b", "2"), nxErrorEnum::OK);
     EXPECT_EQ(xml.root.SetAttribute("c", L"\u00E9"), nxErrorEnum::OK);
     EXPECT_EQ(xml.root.SetAttribute("d", nxDecimal(-5, 1)), nxErrorEnum::OK);
-    EXPECT_EQ(xml.Save(), "<r a=\"&lt;&quot;\" b=\"2\" c=\"\u00E9\" d=\"-0.5\"/>");
+    EXPECT_EQ(xml.Save(), "<r a=\"&lt;&quot;&#xD;\" b=\"2\" c=\"\u00E9\" d=\"-0.5\"/>");
     EXPECT_EQ(xml.root.GetNumberOfAttributes(), 4U);
-    EXPECT_TRUE(xml.root.HasAttribute("c"));
-    EXPECT_FALSE(xml.root.HasAttribute("C"));
-}
+    EXPECT_TRUE(xml.root.HasAttribute("c") && !xml.root.HasAttribute("C"));
 
-TEST(nxXMLElementGetAttribute, GivesTheEmptyTextForOneThatIsNotThere) {
-    const Loaded xml("<r a=' 1&#13;'/>");
     std::string value;
     std::wstring wide;
     EXPECT_EQ(xml.root.GetAttribute("a", value), nxErrorEnum::OK);
-    EXPECT_EQ(value, " 1\r");
-    EXPECT_EQ(xml.root.GetAttribute("a", wide), nxErrorEnum::OK);
-    EXPECT_EQ(wide, L" 1\r");
-    EXPECT_EQ(xml.root.GetAttribute("b", value), nxErrorEnum::OK);
-    EXPECT_EQ(value, "");
-    EXPECT_EQ(xml.root.GetAttribute("b", wide), nxErrorEnum::OK);
-    EXPECT_EQ(wide, L"");
+    EXPECT_EQ(value, "<\"\r");
+    EXPECT_EQ(xml.root.GetAttribute("c", wide), nxErrorEnum::OK);
+    EXPECT_EQ(wide, L"\u00E9");
+    EXPECT_EQ(xml.root.GetAttribute("C", value), nxErrorEnum::OK);
+    EXPECT_EQ(xml.root.GetAttribute("C", wide), nxErrorEnum::OK);
+    EXPECT_TRUE(value.empty() && wide.empty());
 }
 
 TEST(nxXMLElementTexts, ReadBackTheSameWhateverXMLCarries) {
@@ -286,29 +242,23 @@ TEST(nxXMLElementTexts, AreRefusedAndNotForgottenWhenXMLCannotCarryThem) {
         const char* problem;
     } cases[] = {
         {"\0"s, NotXML},
-        {"a\x01"s, NotXML},
         {"\x1F"s, NotXML},
         {"\uFFFE"s, NotXML},
-        {"\uFFFF\u00E9"s, NotXML},
-        {"\xFF"s, NotUnicode},
         {"\xC3"s, NotUnicode},
         {"\xC0\x80"s, NotUnicode},
         {"\xED\xA0\x80"s, NotUnicode},
-        {"\xED\xB0\x80"s, NotUnicode},
         {"\xF4\x90\x80\x80"s, NotUnicode},
     };
     const struct {
         const char* what;
-        std::function<nxErrorEnum(nxXMLElement&, const std::string&)> put;
+        nxErrorEnum (*put)(nxXMLElement& element, const std::string& text);
     } ways[] = {
-        {"a text", [](nxXMLElement& e, const std::string& text) { return e.SetValue(text); }},
-        {"a text", [](nxXMLElement& e, const std::string& text) { return e.AddChildValue("r", text); }},
-        {"a CDATA section", [](nxXMLElement& e, const std::string& text) { return e.SetCDATAValue(text); }},
-        {"an attribute's value",
-         [](nxXMLElement& e, const std::string& text) { return e.SetAttribute("b", text); }},
-        {"an attribute's name",
-         [](nxXMLElement& e, const std::string& text) { return e.SetAttribute(text, "b"); }},
-        {"a name", [](nxXMLElement& e, const std::string& text) { return e.AddChildValue(text, "b"); }},
+        {"a text", [](auto& r, auto& text) { return r.SetValue(text); }},
+        {"a text", [](auto& r, auto& text) { return r.AddChildValue("r", text); }},
+        {"a CDATA section", [](auto& r, auto& text) { return r.SetCDATAValue(text); }},
+        {"an attribute's value", [](auto& r, auto& text) { return r.SetAttribute("b", text); }},
+        {"an attribute's name", [](auto& r, auto& text) { return r.SetAttribute(text, "b"); }},
+        {"a name", [](auto& r, auto& text) { return r.AddChildValue(text, "b"); }},
     };
     for (const auto& [text, problem] : cases) {
         for (const auto& [what, put] : ways) {
@@ -333,25 +283,21 @@ TEST(nxXMLElementHandle, ThatIsInvalidFindsNothingAndTakesNothing) {
     nxXMLElement none;
     std::string text = "before";
     std::wstring wide = L"before";
-    EXPECT_FALSE(none.IsValid() || none.GetFirstChildElement().IsValid() ||
-                 none.GetNextChildElement().IsValid());
-    EXPECT_FALSE(none.GetFirstChildElement("a").IsValid() || none.GetNextChildElement("a").IsValid());
-    EXPECT_FALSE(none.ResetCurrentChildElementImmediatelyPriorTo("a") ||
-                 none.FindChildElement("a").IsValid());
-    EXPECT_FALSE(none.AddChildElement("a").IsValid() || none.AddChildElement("a", "b").IsValid());
-    EXPECT_FALSE(none.AddChildElement("a", L"b").IsValid() || none.HasAttribute("a") || none.HasName(""));
-    EXPECT_EQ(none.GetName() + none.GetTextValue(), "");
-    EXPECT_EQ(none.GetWideTextValue(), L"");
-    EXPECT_EQ(none.GetNumberOfAttributes(), 0U);
+    for (const nxXMLElement& found :
+         {none, none.GetFirstChildElement(), none.GetNextChildElement(), none.GetFirstChildElement("a"),
+          none.GetNextChildElement("a"), none.FindChildElement("a"), none.AddChildElement("a"),
+          none.AddChildElement("a", "b"), none.AddChildElement("a", L"b")})
+        EXPECT_FALSE(found.IsValid());
     for (const nxErrorEnum& result :
          {none.AddChildValue("a", "b"), none.AddChildValue("a", 1L), none.AddChildValue("a", L"b"),
-          none.AddChildValue("a", nxDecimal(1)), none.SetValue("a"), none.SetValue(L"a"),
-          none.SetValue(nxDecimal(1)), none.GetText(text), none.SetCDATAValue("a"), none.GetCDATAValue(text),
-          none.SetAttribute("a", "b"), none.SetAttribute("a", L"b"), none.SetAttribute("a", nxDecimal(1)),
+          none.SetValue("a"), none.SetValue(L"a"), none.SetCDATAValue("a"), none.SetAttribute("a", "b"),
+          none.SetAttribute("a", L"b"), none.GetText(text), none.GetCDATAValue(text),
           none.GetAttribute("a", text), none.GetAttribute("a", wide)})
         EXPECT_EQ(result, nxErrorEnum::ValueNotFound);
     EXPECT_EQ(text, "before");
     EXPECT_EQ(wide, L"before");
-    EXPECT_EQ(none.GetValue(wide), nxErrorEnum::ValueNotFound);
-    EXPECT_EQ(wide, L"");
+    EXPECT_EQ(none.GetName() + none.GetTextValue(), "");
+    EXPECT_FALSE(none.ResetCurrentChildElementImmediatelyPriorTo("a") || none.HasAttribute("a") ||
+                 none.HasName(""));
+    EXPECT_EQ(none.GetNumberOfAttributes(), 0U);
 }

@@ -4,12 +4,14 @@
 #include "xmlFramework/xml/nxXMLFields.h"
 
 #include "tests/support/nxPrint.h"
+#include "tests/support/nxRecordText.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
+
+using nxRecordText::Elements;
 
 namespace {
     // A record with a field of each kind, stated as records state them.
@@ -30,55 +32,37 @@ namespace {
             field("Wrapper", record.wrapper);
             field("Time", record.time);
         }
-
-        std::string Written() const {
-            nxXMLDocument document;
-            document.CreateDocument("r");
-            nxXMLElement root = document.GetRootElement();
-            Visit(*this, nxXMLFields::Writer(root));
-            std::string xml;
-            EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
-            return xml;
+        nxErrorEnum ConvertFromXML(const nxXMLElement& element) {
+            nxXMLFields::ReadInDocumentOrder(element, [this](auto& reader) { Visit(*this, reader); });
+            return nxErrorEnum::OK;
         }
-        void Read(const std::string& children) {
-            nxXMLDocument document;
-            ASSERT_EQ(document.LoadFromString("<r>" + children + "</r>"), nxErrorEnum::OK);
-            nxXMLFields::ReadInDocumentOrder(document.GetRootElement(),
-                                             [this](auto& reader) { Visit(*this, reader); });
+        nxErrorEnum ConvertToXML(nxXMLElement& element) const {
+            Visit(*this, nxXMLFields::Writer(element));
+            return nxErrorEnum::OK;
         }
     };
-
-    constexpr char Before[] = "<r><Text>before</Text><Flag>false</Flag><Number>7</Number>"
-                              "<Decimal>1.50</Decimal><Wrapper>8</Wrapper><Time></Time></r>";
 } // namespace
 
 TEST(nxXMLFieldsReadInDocumentOrder, TakesEachChildIntoTheFieldOfItsName) {
+    const char* const before = "Text=before Flag=false Number=7 Decimal=1.50 Wrapper=8 Time=";
     const struct {
-        const char* children;
+        std::string children;
         const char* written;
     } cases[] = {
-        {"", Before},
-        {"<Text>t</Text><Flag>TRUE</Flag><Number>1</Number><Decimal>-2.0</Decimal><Wrapper>3</Wrapper>"
-         "<Time>23:59:58</Time>",
-         "<r><Text>t</Text><Flag>true</Flag><Number>1</Number><Decimal>-2.0</Decimal><Wrapper>3</Wrapper>"
-         "<Time>23:59:58</Time></r>"},
-        {"<Wrapper>NULL</Wrapper><!----><Number>1</Number>x<Other>1</Other><Flag>1</Flag><Text>t</Text>",
-         "<r><Text>t</Text><Flag>true</Flag><Number>1</Number><Decimal>1.50</Decimal>"
-         "<Wrapper>4294967295</Wrapper><Time></Time></r>"},
-        {"<Number>1</Number><Text>t</Text><Number>2</Number><Number>x</Number><Text>u</Text><Text/>"
-         "<Wrapper>4294967294</Wrapper>",
-         "<r><Text>u</Text><Flag>false</Flag><Number>2</Number><Decimal>1.50</Decimal>"
-         "<Wrapper>4294967294</Wrapper><Time></Time></r>"},
-        {"<Text/><Flag/><Number/><Decimal><x/>1</Decimal><Wrapper><![CDATA[1]]></Wrapper>", Before},
-        {"<Flag>yes</Flag><Flag> true</Flag><Number>-1</Number><Number>4294967296</Number><Number>1 </Number>"
-         "<Decimal>1,5</Decimal><Wrapper>0x1</Wrapper><Wrapper>null</Wrapper><Time>24:61</Time>",
-         Before},
-        {"<text>x</text><r><Text>x</Text></r><x:Text>x</x:Text>", Before},
+        {"", before},
+        {Elements("Text=t Flag=TRUE Number=1 Decimal=-2.0 Wrapper=3 Time=23:59:58"),
+         "Text=t Flag=true Number=1 Decimal=-2.0 Wrapper=3 Time=23:59:58"},
+        {"<!---->" + Elements("Wrapper=NULL Other=1 Flag=1") + "x" + Elements("Text=t"),
+         "Text=t Flag=true Number=7 Decimal=1.50 Wrapper=4294967295 Time="},
+        {Elements("Number=1 Text=t Number=2 Number=x Text=u Text="),
+         "Text=u Flag=false Number=2 Decimal=1.50 Wrapper=8 Time="},
+        {Elements("Flag= Number=4294967296 Decimal=1,5 Wrapper=null Time=24:61 text=x x:Text=x"), before},
+        {"<Decimal><x/>1</Decimal><Wrapper><![CDATA[1]]></Wrapper><x><Text>x</Text></x>", before},
     };
     for (const auto& [children, written] : cases) {
         Sample sample;
-        sample.Read(children);
-        EXPECT_EQ(sample.Written(), written) << children;
+        EXPECT_EQ(nxRecordText::ReadItem(sample, children), nxErrorEnum::OK);
+        EXPECT_EQ(nxRecordText::WrittenItem(sample), Elements(written)) << children;
     }
 }
 
@@ -116,16 +100,4 @@ TEST(nxXMLFieldsNextReader, LooksBehindTheChildItFoundAndFromTheFirstWhereItFoun
         EXPECT_EQ(reader(name, number), result) << name;
         EXPECT_EQ(number, expected) << name;
     }
-}
-
-TEST(nxXMLFieldsForEachChild, StartsAtTheFirstChildWhereverTheCursorStands) {
-    nxXMLDocument document;
-    ASSERT_EQ(document.LoadFromString("<r><a/>x<b/><a/></r>"), nxErrorEnum::OK);
-    nxXMLElement root = document.GetRootElement();
-    root.GetNextChildElement();
-    std::vector<std::string> names;
-    nxXMLFields::ForEachChild(root,
-                              [&names](const nxXMLElement& child) { names.push_back(child.GetName()); });
-    EXPECT_EQ(names, (std::vector<std::string>{"a", "b", "a"}));
-    EXPECT_EQ(root.GetNextChildElement().GetName(), "b");
 }

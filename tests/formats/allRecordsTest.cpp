@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+// What is the same for all top-level records.
+
+#include "tests/support/nxRandomText.h"
+#include "tests/support/nxRecordText.h"
+#include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
+#include "xmlFramework/kestrum/nxKestrumJobSpec.h"
+#include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
+#include "xmlFramework/market/nxAlgoIDMappingList.h"
+#include "xmlFramework/market/nxBrokerMap.h"
+#include "xmlFramework/market/nxExchangeDefinitionList.h"
+#include "xmlFramework/market/nxMICDefinitionList.h"
+#include "xmlFramework/market/nxOrvalenPriceUsageStatistics.h"
+#include "xmlFramework/market/nxSyntheticPriceServerInstanceList.h"
+#include "xmlFramework/market/nxTradingHoursSchemeList.h"
+#include "xmlFramework/market/nxUserTextList.h"
+#include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
+
+#include <memory>
+#include <string_view>
+#include <typeinfo>
+
+namespace {
+    using namespace nxRecordText;
+    using Record = std::unique_ptr<nxXMLDataObject>;
+
+    template <class Class>
+    Record Make() {
+        return std::make_unique<Class>();
+    }
+
+    struct Kind {
+        std::string name; // of the class
+        Record (*make)();
+        unsigned int code;
+        const char* subject; // in what is logged of a text that is refused
+        // A whole document as it is written, where "$t" stands for any text, "$n" for any number and "$f" for
+        // a flag.
+        std::string form;
+
+        friend void PrintTo(const Kind& kind, std::ostream* stream) { *stream << kind.name; }
+    };
+
+    std::string ParameterForm(const std::string& element) {
+        return Element(element,
+                       Elements("Name=$t ParameterType=PRICE Optional=$f SystemParameter=$f ReadOnly=$f "
+                                "Description=$t") +
+                           Element("ValidValues", Elements("ValidValue=$t ValidValue=$t")));
+    }
+
+    const std::string LimitsForm = Element(
+        "Limits",
+        Element("Limit", Elements("ProductID=$t MaxShort=$n MaxLong=$n MaxBuys=$n MaxSells=$n ClipLimit=$n "
+                                  "Strategy=$f Netting=$f MarginRiskStrategy=$f AccountID=$n")));
+
+    const std::string EmptyLeg = Elements("WorkingLeg=false OrderType=Undefined PessimisticVWAP=false "
+                                          "Finesse=false IsOpenAuctionModeLeg=false "
+                                          "InheritTimeRestrictionFromSpreadOrder=false "
+                                          "AccountIDOverride=NULL ScratchPayupTicks=NULL PayupMethod=Plain "
+                                          "ConditionalPayup=false CascadeConditionalPayup=false");
+
+    const Kind Kinds[] = {
+        {"nxAlgoIDMappingList", Make<nxAlgoIDMappingList>, 0x414C4944, "algo mapping list",
+         Element("AlgoIDMappingList",
+                 Element("AlgoIDMappings", Element("AlgoMapping", Elements("AlgoPath=$t AlgoID=1"))))},
+        {"nxBrokerMap", Make<nxBrokerMap>, 0x42524F4B, "broker map",
+         R"(<BrokerMap><Broker id="9" name="$t"/><Broker id="10" name="$t"/></BrokerMap>)"},
+        {"nxExchangeDefinitionList", Make<nxExchangeDefinitionList>, 0x45584348, "spread spec",
+         Element("ExchangeDefinitionList",
+                 Element("ExchangeDefinitions",
+                         Element("ExchangeDefinition-A",
+                                 Elements("Mnemonic=A Description=$t IsExchange=$f IsPriceSource=$f "
+                                          "IsOrderDestination=$f MICs=XA,XB PriceStreams=L1"))))},
+        {"nxKestrumAlgorithmSpec", Make<nxKestrumAlgorithmSpec>, 0x414C474F, "spread spec",
+         Element("KestrumAlgorithmSpec", Element("ScriptSourceCode", "$t") +
+                                             Element("Parameters", ParameterForm("Parameter")) +
+                                             Element("SyntheticOrderType", "ICEBERG") + LimitsForm +
+                                             Element("Modules", Element("Module", Elements("Name=$t"))) +
+                                             Element("OutputParameters", ParameterForm("OutputParameter")) +
+                                             Element("HideParentOrder", "$f"))},
+        {"nxKestrumJobSpec", Make<nxKestrumJobSpec>, 0x4B4A4F42, "Kestrum Job Spec",
+         Element("KestrumJobSpec",
+                 Elements("AlgorithmSpecName=$t Parameters=a=$t^^|^^b=$t^^|^^") + LimitsForm +
+                     Elements("AccountID=$n MaxTrans=$n MaxTransPS=$n PreferredExchangeUser=$t "
+                              "BackTestingAccountID=$n AntiCrossPullOrders=$f DisablePreLimitCheck=$f"))},
+        {"nxKestrumModuleSpec", Make<nxKestrumModuleSpec>, 0x4B4D4F44, "spread spec",
+         Element("KestrumModuleSpec", Elements("SourceCode=$t"))},
+        {"nxMICDefinitionList", Make<nxMICDefinitionList>, 0x584D4943, "spread spec",
+         Element("MICDefinitionList",
+                 Element("MICDefinitions",
+                         Element("MICDefinition-XA",
+                                 Elements("MIC=XA Country=$t ISOCountryCode=$t OperatingMIC=$t "
+                                          "IsOperatingMIC=$f Name=$t Acronym=$t City=$t Website=$t "
+                                          "StatusDate=$t IsActive=$f CreationDate=$t Comments=$t"))))},
+        {"nxOrvalenPriceUsageStatistics", Make<nxOrvalenPriceUsageStatistics>, 0x4F505553,
+         "exchange trading horus definition list",
+         Element(
+             "OrvalenPriceStatistics",
+             Element("userID", "$n") +
+                 Element("ProductStatistic", Elements("productID=$t noOfPriceUpdates=18446744073709551615 "
+                                                      "noOfPriceDataObjects=$n "
+                                                      "noOfUnobservedPriceDataObjects=$n "
+                                                      "noOfPriceUpdatesForUnobservedProducts=$n")))},
+        {"nxSyntheticPriceServerInstanceList", Make<nxSyntheticPriceServerInstanceList>, 0x53505349,
+         "spread spec",
+         Element("SyntheticPriceServerInstanceList",
+                 Element("SyntheticPriceServerInstances", Elements("Instance=$t Instance=$t")))},
+        {"nxSyntheticSpreadOrderSpec_XML", Make<nxSyntheticSpreadOrderSpec_XML>, 0x53505244, "spread spec",
+         Element("SyntheticSpreadSpec",
+                 Element("SpecName", "$t") +
+                     Element("Legs", Element("Leg-0", EmptyLeg) + Element("Leg-1", EmptyLeg)) +
+                     Elements("ScratchIfLegged=$f ExchDest=$t"))},
+        {"nxTradingHoursSchemeList", Make<nxTradingHoursSchemeList>, 0x5452534C, "trading hours scheme list",
+         Element("TradingHoursSchemesList",
+                 Element("TradingHoursSchemes",
+                         Element("Scheme",
+                                 Element("SchemeName", "$t") +
+                                     Element("Periods",
+                                             Element("Period",
+                                                     Elements("SessionType=BREAK StartTimeZoneRegion=$t "
+                                                              "StartTime=09:00:00.000000001 StartDay=$n "
+                                                              "EndTimeZoneRegion=$t EndTime=23:59:59.100 "
+                                                              "EndDay=$n"))))))},
+        {"nxUserTextList", Make<nxUserTextList>, 0x5552544C, "user text history list",
+         Element("UserTextHistoryList", Elements("UT=$t UT=$t"))},
+    };
+
+    std::string WithReferences(const std::string& text) {
+        std::string xml;
+        for (const char c : text)
+            xml += std::string_view("<>&\"\t\n\r").find(c) != std::string_view::npos
+                       ? "&#" + std::to_string(static_cast<int>(c)) + ";"
+                       : std::string(1, c);
+        return xml;
+    }
+
+    // A document of that form, in the spelling in which documents are written.
+    std::string Filled(const std::string& form, nxRandomText& random) {
+        std::string xml;
+        for (std::size_t at = 0; at < form.size(); ++at) {
+            if (form[at] != '$')
+                xml += form[at];
+            else if (form[++at] == 't')
+                xml += WithReferences(random.Text() + random.Key() + random.Text());
+            else if (form[at] == 'n')
+                xml += std::to_string(random.Flag() ? random.Below(9) : ~random.Below(9));
+            else
+                xml += random.Flag() ? "true" : "false";
+        }
+        nxXMLDocument document;
+        EXPECT_EQ(document.LoadFromString(xml), nxErrorEnum::OK) << xml;
+        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
+        return xml;
+    }
+
+    class AllRecords : public testing::TestWithParam<Kind> {
+    protected:
+        Record NewRecord() const { return GetParam().make(); }
+        std::string RandomDocument() { return Filled(GetParam().form, _random); }
+
+    private:
+        nxRandomText _random{1};
+    };
+} // namespace
+
+TEST_P(AllRecords, ReadAndWriteAnyTextNumberAndFlag) {
+    for (int round = 0; round < 100; ++round) {
+        const std::string xml = RandomDocument();
+        const Record record = NewRecord();
+        Read(*record, xml);
+        ASSERT_EQ(Written(*record), xml);
+    }
+}
+
+TEST_P(AllRecords, AreMadeByTheirCodeAndCopiedWhole) {
+    const std::string xml = RandomDocument();
+    const Record record = NewRecord();
+    const nxXMLDataObject& original = *record;
+    EXPECT_EQ(record->GetDataCategoryTypeID(), GetParam().code);
+    Read(*record, xml);
+    const Record copy(record->CopyInstance());
+    const Record created(record->CreateInstance());
+    const Record registered(nxXMLDataObject::CreateInstance(GetParam().code));
+    EXPECT_EQ(!registered, GetParam().name == "nxOrvalenPriceUsageStatistics"); // has no place
+    for (const nxXMLDataObject* other : {copy.get(), created.get(), registered.get()})
+        EXPECT_TRUE(!other || typeid(*other) == typeid(original));
+
+    Read(*record, RandomDocument());
+    EXPECT_EQ(Written(*copy), xml);
+    EXPECT_EQ(Written(*created), Written(*NewRecord()));
+}
+
+TEST_P(AllRecords, TakeAnyRootAndWhatStandsAroundTheirElements) {
+    const std::string xml = RandomDocument();
+    const std::size_t start = xml.find('>') + 1;
+    const std::string inside = xml.substr(start, xml.rfind('<') - start);
+    const Record record = NewRecord();
+    Read(*record, "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>\r\n<!--c--><x:other a='1'>text" +
+                      inside + "<![CDATA[c]]></x:other>\r\n");
+    EXPECT_EQ(Written(*record), xml);
+}
+
+TEST_P(AllRecords, RefuseWhatIsNoDocumentAndKeepWhatTheyHold) {
+    const std::string xml = RandomDocument();
+    std::vector<std::string> bad = {xml + xml, "<!DOCTYPE x>" + xml, "<?xml version='1.2'?>" + xml,
+                                    "MIC,Country\nXABC,GB\n"};
+    for (std::size_t length = 0; length < xml.size(); ++length)
+        bad.push_back(xml.substr(0, length));
+    const bool emptiesItselfFirst = GetParam().name == "nxAlgoIDMappingList";
+    const bool tellsWhy = GetParam().name == "nxKestrumAlgorithmSpec";
+    for (const std::string& text : bad) {
+        const Record record = NewRecord();
+        Read(*record, xml);
+        ExpectRefused(*record, text, GetParam().subject, GetParam().name,
+                      tellsWhy ? nxErrorEnum::XMLParseFailed : nxErrorEnum::InvalidData);
+        EXPECT_EQ(Written(*record), emptiesItselfFirst ? Written(*NewRecord()) : xml) << text;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(library, AllRecords, testing::ValuesIn(Kinds),
+                         [](const auto& kind) { return kind.param.name; });
