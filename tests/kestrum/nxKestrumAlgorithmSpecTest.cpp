@@ -109,24 +109,31 @@ TEST(nxKestrumAlgorithmSpecConvertFromXML, EndsAtAnItemThatCannotBeRead) {
     const struct {
         Lists lists;
         nxErrorEnum result;
+        const char* logged;
         Lists kept;
     } cases[] = {
         {{Parameter("a") + noOptional + Parameter("c"), good.limits, good.modules, good.outputs},
          nxErrorEnum::ValueNotFound,
+         "Failed to read parameter definition. Optional: Value not found",
          {good.parameters, "", "", ""}},
         {{good.parameters, Limit("P") + badLimit + Limit("Q"), good.modules, good.outputs},
          nxErrorEnum::ValueNotParsed,
+         "Failed to read limit. MaxShort: Value not parsed",
          {good.parameters, good.limits, "", ""}},
         {{good.parameters, good.limits, Module("m") + noName + Module("z"), good.outputs},
          nxErrorEnum::ValueNotFound,
+         "Failed to read module. Name: Value not found",
          {good.parameters, good.limits, good.modules, ""}},
         {{good.parameters, good.limits, good.modules, Output("o") + badType + Output("p")},
          nxErrorEnum::ValueNotParsed,
+         "Failed to read parameter definition. ParameterType: Value not parsed",
          good},
     };
-    for (const auto& [lists, result, kept] : cases) {
+    for (const auto& [lists, result, logged, kept] : cases) {
+        const nxCollectedLog log;
         nxKestrumAlgorithmSpec spec;
         EXPECT_EQ(spec.ConvertFromXML(Document(lists, "s", "KESTRUM_ALGORITHM", "true"), ""), result);
+        EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error), std::vector<std::string>{logged});
         EXPECT_EQ(Written(spec), Document(kept, "s"));
         ExpectOwnNames(spec);
     }

@@ -111,10 +111,11 @@ nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const
         return result;
     result = nxXMLFields::ReadList(root, "Modules", "Module", [this](const nxXMLElement& element) {
         std::string name;
-        const nxErrorEnum found = nxXMLFields::ReadChild(element, "Name", name);
-        if (found.IsOK())
+        nxXMLFields::UntilFailure required{nxXMLFields::Reader(element)};
+        required("Name", name);
+        if (required.GetResult().IsOK())
             _modules.insert(name);
-        return found;
+        return required.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
     });
     if (!result.IsOK())
         return result;

@@ -3,9 +3,11 @@
 
 #include "xmlFramework/kestrum/nxKestrumLimit.h"
 
+#include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumLimit";
     constexpr char ContextProduct[] = "[CONTEXT]";
 } // namespace
 
@@ -59,7 +61,7 @@ nxErrorEnum nxKestrumLimit::ConvertFromXML(nxXMLElement& element) {
     nxXMLFields::UntilFailure position{nxXMLFields::Reader(element)};
     Fields::VisitPosition(*this, position);
     Fields::VisitRest(*this, nxXMLFields::Reader(element));
-    return position.GetResult();
+    return position.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read limit. ");
 }
 
 std::string nxKestrumLimit::GetAsString() const {

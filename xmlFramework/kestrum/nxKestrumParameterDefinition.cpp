@@ -3,7 +3,12 @@
 
 #include "xmlFramework/kestrum/nxKestrumParameterDefinition.h"
 
+#include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLFields.h"
+
+namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumParameterDefinition";
+} // namespace
 
 struct nxKestrumParameterDefinition::Fields {
     template <class Record, class Visitor>
@@ -55,8 +60,10 @@ nxErrorEnum nxKestrumParameterDefinition::ConvertToXML(nxXMLElement& element) co
 nxErrorEnum nxKestrumParameterDefinition::ConvertFromXML(nxXMLElement& element) {
     nxXMLFields::UntilFailure required{nxXMLFields::Reader(element)};
     Fields::VisitRequired(*this, required);
-    if (!required.GetResult().IsOK())
-        return required.GetResult();
+    const nxErrorEnum result =
+        required.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");
+    if (!result.IsOK())
+        return result;
     Fields::VisitOptional(*this, nxXMLFields::Reader(element));
 
     return nxXMLFields::ForEachLeadingChild(element.FindChildElement("ValidValues"), "ValidValue",

@@ -8,6 +8,7 @@
 #include "core/nxTime.h"
 #include "include/nxErrorEnum.h"
 #include "include/nxValueWrapper.h"
+#include "include/nxWriteLog.h"
 #include "xmlFramework/xml/nxXMLElement.h"
 
 #include <concepts>
@@ -165,14 +166,23 @@ namespace nxXMLFields {
 
         template <class T>
         void operator()(std::string_view name, T&& field) {
-            if (_result.IsOK())
-                _result = _visitor(name, field);
+            if (!_result.IsOK())
+                return;
+            _result = _visitor(name, field);
+            _field = name;
         }
         const nxErrorEnum& GetResult() const { return _result; }
+        // Logs `message` with the field that failed and why, if one did.
+        const nxErrorEnum& GetResultLogged(const nxLogSite& site, const char* message) const {
+            if (!_result.IsOK())
+                nxWriteLog(site, message, _field, ": ", _result.GetShortDescription());
+            return _result;
+        }
 
     private:
         Visitor _visitor;
         nxErrorEnum _result;
+        std::string _field; // visited last
     };
 
     // A number that becomes null when its text is malformed, "NULL" and "NO_CHANGE" included: documents hold
