@@ -13,9 +13,9 @@
 #include "tests/support/nxInThreads.h"
 #include "tests/support/nxPrint.h"
 
-#include <errno.h> // program_invocation_short_name
 #include <gtest/gtest.h>
 
+#include <cerrno> // program_invocation_short_name
 #include <limits>
 #include <set>
 #include <thread>

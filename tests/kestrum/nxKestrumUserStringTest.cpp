@@ -182,8 +182,8 @@ TEST(nxKestrumUserString, TakesThePairsOfParametersThatAreNotNull) {
 TEST(nxKestrumUserString, IsParsedInTimeLinearInItsLength) {
     const nxCollectedLog quiet(nxLogLevelEnum::Error);
     const nxKestrumAlgorithmSpec spec = Spec();
-    double texts[2];
-    double parameters[2];
+    double texts[2] = {};
+    double parameters[2] = {};
     for (const int i : {0, 1}) {
         std::string text;
         for (const std::size_t size = i == 0 ? 100'000 : 1'000'000; text.size() < size;)

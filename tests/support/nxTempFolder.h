@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include <stdlib.h> // mkdtemp
-
 #include <cerrno>
+#include <cstdlib> // mkdtemp
 #include <filesystem>
 #include <string>
 #include <system_error>
