@@ -21,8 +21,8 @@ public:
 
     // Reads the record from `xml`, which is UTF-8 unless its XML declaration says otherwise. Each record says
     // whether it empties itself first. `logPrefix` is put before the record's own messages in the log. The
-    // common failure is nxErrorEnum::InvalidData: the text is no XML document, and the record is untouched but
-    // for what it empties first.
+    // common failure is nxErrorEnum::InvalidData: the text is no XML document, and the record is untouched
+    // but for what it empties first.
     virtual nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) = 0;
 
     // Writes the record as one line of XML, in UTF-8, without declaration. The second argument is ignored. On
