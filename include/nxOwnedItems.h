@@ -25,6 +25,7 @@ public:
     ~nxOwnedItems() = default;
 
     const Items& Get() const { return _items; }
+    Items& Get() { return _items; }
     Item& Add(std::unique_ptr<Item> item) { return *_items.emplace_back(std::move(item)); }
     void Clear() { _items.clear(); }
     // Copies of `items`, which may be this object's own, in place of those held.

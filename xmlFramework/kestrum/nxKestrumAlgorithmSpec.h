@@ -47,11 +47,12 @@ public:
     bool GetHideParentOrder() const { return _hideParentOrder; }
     void SetHideParentOrder(bool hideParentOrder) { _hideParentOrder = hideParentOrder; }
 
-    // The parameters that the script takes. The spec owns the definitions; they may be changed in place, but
-    // not renamed. The list itself changes by the operations here only, which keep the names in step. Add
-    // stores a copy; a name that is taken already is logged and refused with false. Set stores copies in
-    // place of the definitions held, each by way of Add.
+    // The parameters that the script takes. The spec owns the definitions, none of which is null; of two of
+    // one name the later is looked up. Whoever has taken the list by its non-const form may change it, and
+    // looking up a name takes longer from then on. Add stores a copy; a name that is taken already is logged
+    // and refused with false. Set stores copies in place of the definitions held, each by way of Add.
     const Definitions& GetScriptParameterDefinitions() const { return _scriptParameters.Get(); }
+    Definitions& GetScriptParameterDefinitions() { return _scriptParameters.Get(); }
     nxKestrumParameterDefinition*
     GetScriptParameterDefinition(const std::string& name) const; // null: unknown
     void SetScriptParameterDefinitions(const Definitions& definitions);
@@ -60,6 +61,7 @@ public:
 
     // The same for those that it produces.
     const Definitions& GetScriptOutputParameterDefinitions() const { return _outputParameters.Get(); }
+    Definitions& GetScriptOutputParameterDefinitions() { return _outputParameters.Get(); }
     nxKestrumParameterDefinition* GetScriptOutputParameterDefinition(const std::string& name) const;
     void SetScriptOutputParameterDefinitions(const Definitions& definitions);
     bool AddScriptOutputParameterDefinition(const nxKestrumParameterDefinition& definition);

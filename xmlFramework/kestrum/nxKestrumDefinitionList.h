@@ -24,8 +24,10 @@ public:
     ~nxKestrumDefinitionList() = default;
 
     const Definitions& Get() const { return _definitions.Get(); }
-    // The definition entered last under that name, or null. Names count as they were when the definition was
-    // added.
+    // To change the list itself. From then on until Clear or an assignment the index is not used.
+    Definitions& Get();
+    // The last definition of that name, or null. While the index is used, names count as they were when the
+    // definition was added.
     nxKestrumParameterDefinition* Find(const std::string& name) const;
     // Adds at the end. An earlier definition of that name stays in the list, but is not found any more.
     void Add(std::unique_ptr<nxKestrumParameterDefinition> definition);
@@ -34,4 +36,5 @@ public:
 private:
     nxOwnedItems<nxKestrumParameterDefinition> _definitions;
     std::map<std::string, nxKestrumParameterDefinition*> _byName; // into _definitions
+    bool _isIndexed = true; // else the list may have been changed by others
 };
