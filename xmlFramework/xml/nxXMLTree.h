@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <memory_resource>
+#include <string_view>
+#include <vector>
+
+// Where something stands in a text: line and column, in characters, counted from 1. Zeros where it is not
+// known.
+struct nxXMLPlace {
+    std::size_t line = 0;
+    std::size_t column = 0;
+};
+
+// A handle on one element of an nxXMLTree, to read from; ends with the tree. Every operation may be called on
+// an invalid handle: there is nothing in it.
+class nxXMLNode {
+public:
+    nxXMLNode() = default; // invalid
+
+    bool IsValid() const { return _element != nullptr; }
+
+    std::string_view GetName() const;
+    bool HasName(std::string_view name) const { return IsValid() && GetName() == name; }
+
+    // The first child node, when that is text: behind anything else, a comment or a CDATA section included,
+    // there is none.
+    bool HasText() const;
+    std::string_view GetText() const; // empty where there is none
+
+    // Child elements, in order.
+    nxXMLNode GetFirstChild() const;
+    nxXMLNode GetNext() const; // the sibling behind this element
+    nxXMLNode FindChild(std::string_view name) const;
+    nxXMLNode FindNext(std::string_view name) const; // among the siblings behind
+
+    // The empty text for an attribute that is not there.
+    std::string_view GetAttribute(std::string_view name) const;
+
+private:
+    friend class nxXMLTree;
+    struct Attribute;
+    struct Element;
+
+    explicit nxXMLNode(const Element* element) : _element(element) {}
+
+    const Element* _element = nullptr;
+};
+
+// A document's elements, attributes and texts in UTF-8, as records read them. Private to the library.
+//
+// Whoever fills a tree adds elements from the root down, in the order of the document. Names and texts are
+// views: into an input that outlives the tree, or into memory of the tree's own, see Keep. None may have 4
+// GiB.
+class nxXMLTree {
+public:
+    using Element = nxXMLNode::Element;
+
+    nxXMLTree();
+    ~nxXMLTree();
+    nxXMLTree(const nxXMLTree&) = delete;
+    nxXMLTree& operator=(const nxXMLTree&) = delete;
+
+    nxXMLNode GetRoot() const { return nxXMLNode(_root); } // invalid while the tree is empty
+
+    // Where the element begins.
+    nxXMLPlace GetPlace(nxXMLNode node) const;
+
+    // ---- Filling
+
+    // The text in which all names are found, so that their places in it are those of their elements.
+    void SetSource(std::string_view source) { _source = source; }
+    // Empties the tree.
+    void Clear();
+    // Appends an element as the last child of `parent`, or as the root. `previous` is the parent's last child
+    // so far, or null.
+    Element* AddElement(Element* parent, Element* previous, std::string_view name);
+    static void SetText(Element& element, std::string_view text);
+    // Behind those that the element has; `last` is the last of them, or null.
+    nxXMLNode::Attribute* AddAttribute(Element& element, nxXMLNode::Attribute* last, std::string_view name,
+                                       std::string_view value);
+    // Memory that lives as long as the tree.
+    char* Allocate(std::size_t size);
+    // A copy of a text in such memory.
+    std::string_view Keep(std::string_view text);
+
+private:
+    void _AddBlock();
+
+    Element* _root = nullptr;
+    std::string_view _source;
+    std::vector<std::unique_ptr<Element[]>> _blocks;
+    Element* _next = nullptr;                    // the place for the next element in the last block
+    Element* _end = nullptr;                     // of the last block
+    std::pmr::monotonic_buffer_resource _memory; // attributes and kept texts
+};
+
+// ---- What is small and called for every element
+
+struct nxXMLNode::Attribute {
+    std::string_view name;
+    std::string_view value;
+    Attribute* next;
+};
+
+// Sizes in 32 bits keep an element within one line of the cache.
+struct nxXMLNode::Element {
+    const char* name;
+    const char* text; // null: none
+    std::uint32_t nameSize;
+    std::uint32_t textSize;
+    Element* firstChild;
+    Element* next;
+    Attribute* attributes;
+};
+
+inline std::string_view nxXMLNode::GetName() const {
+    return _element ? std::string_view(_element->name, _element->nameSize) : std::string_view();
+}
+
+inline bool nxXMLNode::HasText() const {
+    return _element && _element->text;
+}
+
+inline std::string_view nxXMLNode::GetText() const {
+    return HasText() ? std::string_view(_element->text, _element->textSize) : std::string_view();
+}
+
+inline nxXMLNode nxXMLNode::GetFirstChild() const {
+    return nxXMLNode(_element ? _element->firstChild : nullptr);
+}
+
+inline nxXMLNode nxXMLNode::GetNext() const {
+    return nxXMLNode(_element ? _element->next : nullptr);
+}
+
+inline nxXMLTree::Element* nxXMLTree::AddElement(Element* parent, Element* previous, std::string_view name) {
+    if (_next == _end)
+        _AddBlock();
+    Element* const element = _next++;
+    *element = {name.data(), nullptr, static_cast<std::uint32_t>(name.size()), 0, nullptr, nullptr, nullptr};
+    (previous ? previous->next : parent ? parent->firstChild : _root) = element;
+    return element;
+}
+
+inline void nxXMLTree::SetText(Element& element, std::string_view text) {
+    element.text = text.data();
+    element.textSize = static_cast<std::uint32_t>(text.size());
+}
