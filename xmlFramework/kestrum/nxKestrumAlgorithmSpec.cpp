@@ -8,8 +8,9 @@
 #include "xmlFramework/kestrum/nxKestrumLimitList.h"
 #include "xmlFramework/kestrum/nxKestrumUserString.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
+#include <ranges>
 #include <utility>
 
 namespace {
@@ -33,24 +34,37 @@ namespace {
         list = std::move(replacement);
     }
 
-    // Enters definitions directly: a document's repeated name is not refused.
-    nxErrorEnum ReadDefinitions(const nxXMLElement& root, const char* listName, const char* itemName,
-                                nxKestrumDefinitionList& list) {
-        return nxXMLFields::ReadList(root, listName, itemName, [&list](nxXMLElement& element) {
-            auto definition = std::make_unique<nxKestrumParameterDefinition>();
-            const nxErrorEnum result = definition->ConvertFromXML(element);
-            if (result.IsOK())
-                list.Add(std::move(definition));
-            return result;
-        });
-    }
+    // A module as its document holds it. The name is a view of the document, or of the spec.
+    struct Module {
+        std::string_view name;
 
-    nxErrorEnum WriteDefinitions(nxXMLElement& root, const char* listName, const char* itemName,
-                                 const nxKestrumDefinitionList& list) {
-        return nxXMLFields::WriteList(
-            root, listName, itemName, list.Get(),
-            [](nxXMLElement& element, const auto& definition) { return definition->ConvertToXML(element); });
-    }
+        template <class Visitor>
+        void Visit(Visitor&& field) {
+            field("Name", nxXMLFields::Required(name));
+        }
+        nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+            nxXMLFields::Reader reader(node, context);
+            Visit(reader);
+            return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
+        }
+        void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+    };
+
+    template <class Names>
+    class ModuleList {
+    public:
+        using Holder = Module;
+
+        explicit ModuleList(Names& names) : _names(names) {}
+
+        void Add(const Module& module) { _names.emplace(module.name); }
+        auto Range() const {
+            return std::views::transform(_names, [](const std::string& name) { return Module{name}; });
+        }
+
+    private:
+        Names& _names;
+    };
 
     template <class Parameter>
     nxErrorEnum AppendParameters(const std::vector<Parameter*>& parameters, std::string& text) {
@@ -64,6 +78,20 @@ namespace {
         return nxErrorEnum::OK;
     }
 } // namespace
+
+struct nxKestrumAlgorithmSpec::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("ScriptSourceCode", record._scriptSourceCode);
+        field("Parameters", ListOf("Parameter", record._scriptParameters));
+        field("SyntheticOrderType", record._syntheticOrderType);
+        nxKestrumLimitList::Visit(record._limits, field);
+        field("Modules", ListOf("Module", ModuleList(record._modules)));
+        field("OutputParameters", ListOf("OutputParameter", record._outputParameters));
+        field("HideParentOrder", record._hideParentOrder);
+    }
+};
 
 struct nxKestrumAlgorithmSpec::SystemParameters {
     SystemParameters() {
@@ -92,60 +120,23 @@ const nxKestrumAlgorithmSpec::SystemParameters& nxKestrumAlgorithmSpec::_TheSyst
 }
 
 nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    nxErrorEnum result = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, context,
+    const nxErrorEnum loaded = nxXMLConversion::Load(
+        tree, xml, {nxLogLevels::Error, SourceFile}, context,
         "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!result.IsOK())
-        return result;
+    if (!loaded.IsOK())
+        return loaded;
 
-    const nxXMLElement root = document.GetRootElement();
-    nxXMLFields::ReadChild(root, "ScriptSourceCode", _scriptSourceCode);
-    result = ReadDefinitions(root, "Parameters", "Parameter", _scriptParameters);
-    if (!result.IsOK())
-        return result;
-    nxXMLFields::ReadChild(root, "SyntheticOrderType", _syntheticOrderType);
-    result = nxKestrumLimitList::Read(root, _limits);
-    if (!result.IsOK())
-        return result;
-    result = nxXMLFields::ReadList(root, "Modules", "Module", [this](const nxXMLElement& element) {
-        std::string name;
-        nxXMLFields::UntilFailure required{nxXMLFields::Reader(element)};
-        required("Name", name);
-        if (required.GetResult().IsOK())
-            _modules.insert(name);
-        return required.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
-    });
-    if (!result.IsOK())
-        return result;
-    result = ReadDefinitions(root, "OutputParameters", "OutputParameter", _outputParameters);
-    if (!result.IsOK())
-        return result;
-    nxXMLFields::ReadChild(root, "HideParentOrder", _hideParentOrder);
-    return nxErrorEnum::OK;
+    const nxXMLReadContext readContext{context};
+    nxXMLFields::Reader reader(tree.GetRoot(), readContext, nxXMLFields::AfterFailure::Stop);
+    Fields::Visit(*this, reader);
+    return reader.GetResult();
 }
 
 nxErrorEnum nxKestrumAlgorithmSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumAlgorithmSpec", xmlOut, [this](nxXMLElement& root) -> nxErrorEnum {
-        nxXMLFields::WriteChild(root, "ScriptSourceCode", _scriptSourceCode);
-        nxErrorEnum result = WriteDefinitions(root, "Parameters", "Parameter", _scriptParameters);
-        if (!result.IsOK())
-            return result;
-        nxXMLFields::WriteChild(root, "SyntheticOrderType", _syntheticOrderType);
-        result = nxKestrumLimitList::Write(root, _limits);
-        if (!result.IsOK())
-            return result;
-        result = nxXMLFields::WriteList(root, "Modules", "Module", _modules,
-                                        [](nxXMLElement& element, const std::string& name) {
-                                            return nxXMLFields::WriteChild(element, "Name", name);
-                                        });
-        if (!result.IsOK())
-            return result;
-        result = WriteDefinitions(root, "OutputParameters", "OutputParameter", _outputParameters);
-        if (!result.IsOK())
-            return result;
-        return nxXMLFields::WriteChild(root, "HideParentOrder", _hideParentOrder);
+    return nxXMLConversion::Save("KestrumAlgorithmSpec", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink, nxXMLFields::AfterFailure::Stop));
     });
 }
 

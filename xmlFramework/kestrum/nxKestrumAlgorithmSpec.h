@@ -103,6 +103,7 @@ protected:
     const nxKestrumParameterDefinition* _GetSystemParameterDefinition(const std::string& name) const;
 
 private:
+    struct Fields;
     struct SystemParameters;
     static const SystemParameters& _TheSystemParameters();
     nxErrorEnum _ExtractParameter(const std::string& name, const std::string& value,

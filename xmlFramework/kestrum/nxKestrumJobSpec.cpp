@@ -8,7 +8,6 @@
 #include "xmlFramework/kestrum/nxKestrumLimitList.h"
 #include "xmlFramework/kestrum/nxKestrumUserString.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumJobSpec";
@@ -19,9 +18,9 @@ namespace {
     public:
         explicit UserStringField(String& userString) : _userString(userString) {}
 
-        std::string ToText() const { return nxKestrumUserString::ToDocument(_userString); }
-        nxErrorEnum FromText(const std::string& text) {
-            _userString = nxKestrumUserString::FromDocument(text);
+        void AppendText(std::string& text) const { text += nxKestrumUserString::ToDocument(_userString); }
+        nxErrorEnum FromText(std::string_view text) {
+            _userString = nxKestrumUserString::FromDocument(std::string(text));
             return nxErrorEnum::OK;
         }
 
@@ -30,20 +29,18 @@ namespace {
     };
 } // namespace
 
-// The limits stand between the two lists.
 struct nxKestrumJobSpec::Fields {
     template <class Record, class Visitor>
-    static void VisitBeforeLimits(Record& record, Visitor&& field) {
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
         field("AlgorithmSpecName", record._algorithmSpecName);
         field("Parameters", UserStringField(record._parameters));
-    }
-    template <class Record, class Visitor>
-    static void VisitBehindLimits(Record& record, Visitor&& field) {
-        field("AccountID", nxXMLFields::NullIfMalformed(record._accountID));
+        nxKestrumLimitList::Visit(record._limits, field);
+        field("AccountID", NullIfMalformed(record._accountID));
         field("MaxTrans", record._maxTransactions);
         field("MaxTransPS", record._maxTransactionsPerSecond);
         field("PreferredExchangeUser", record._preferredExchangeUser);
-        field("BackTestingAccountID", nxXMLFields::NullIfMalformed(record._backTestingAccountID));
+        field("BackTestingAccountID", NullIfMalformed(record._backTestingAccountID));
         field("AntiCrossPullOrders", record._antiCrossPullOrders);
         field("DisablePreLimitCheck", record._disablePreLimitCheck);
     }
@@ -52,26 +49,22 @@ struct nxKestrumJobSpec::Fields {
 const bool nxKestrumJobSpec::_registered = nxXMLDataObject::_Register(new nxKestrumJobSpec);
 
 nxErrorEnum nxKestrumJobSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, context,
+        tree, xml, {nxLogLevels::Error, SourceFile}, context,
         "Failed to convert XML data to Kestrum Job Spec. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxXMLElement root = document.GetRootElement();
-    Fields::VisitBeforeLimits(*this, nxXMLFields::Reader(root));
-    const nxErrorEnum result = nxKestrumLimitList::Read(root, _limits);
-    Fields::VisitBehindLimits(*this, nxXMLFields::Reader(root));
-    return result;
+    const nxXMLReadContext readContext{context};
+    nxXMLFields::Reader reader(tree.GetRoot(), readContext);
+    Fields::Visit(*this, reader);
+    return reader.GetResult();
 }
 
 nxErrorEnum nxKestrumJobSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumJobSpec", xmlOut, [this](nxXMLElement& root) {
-        Fields::VisitBeforeLimits(*this, nxXMLFields::Writer(root));
-        const nxErrorEnum result = nxKestrumLimitList::Write(root, _limits);
-        Fields::VisitBehindLimits(*this, nxXMLFields::Writer(root));
-        return result;
+    return nxXMLConversion::Save("KestrumJobSpec", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

@@ -4,6 +4,8 @@
 #include "xmlFramework/kestrum/nxKestrumLimit.h"
 
 #include "include/nxLogLevels.h"
+#include "include/nxWriteLog.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
@@ -13,20 +15,18 @@ namespace {
 
 struct nxKestrumLimit::Fields {
     template <class Record, class Visitor>
-    static void VisitPosition(Record& record, Visitor&& field) {
-        field("ProductID", record._productID);
-        field("MaxShort", record._maxShort);
-        field("MaxLong", record._maxLong);
-    }
-    template <class Record, class Visitor>
-    static void VisitRest(Record& record, Visitor&& field) {
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("ProductID", Required(record._productID));
+        field("MaxShort", Required(record._maxShort));
+        field("MaxLong", Required(record._maxLong));
         field("MaxBuys", record._maxBuys);
         field("MaxSells", record._maxSells);
         field("ClipLimit", record._clipLimit);
         field("Strategy", record._isPartOfStrategy);
         field("Netting", record._allowNetting);
         field("MarginRiskStrategy", record._marginRiskStrategy);
-        field("AccountID", nxXMLFields::NullIfMalformed(record._accountID));
+        field("AccountID", NullIfMalformed(record._accountID));
     }
 };
 
@@ -50,18 +50,22 @@ void nxKestrumLimit::SetContextLimit() {
     _productID = ContextProduct;
 }
 
+nxErrorEnum nxKestrumLimit::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    nxXMLFields::Reader reader(node, context);
+    Fields::Visit(*this, reader);
+    return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read limit. ");
+}
+
+void nxKestrumLimit::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
 nxErrorEnum nxKestrumLimit::ConvertToXML(nxXMLElement& element) const {
-    nxXMLFields::UntilFailure position{nxXMLFields::Writer(element)};
-    Fields::VisitPosition(*this, position);
-    Fields::VisitRest(*this, nxXMLFields::Writer(element));
-    return position.GetResult();
+    return nxXMLConversion::WriteElement(*this, element);
 }
 
 nxErrorEnum nxKestrumLimit::ConvertFromXML(nxXMLElement& element) {
-    nxXMLFields::UntilFailure position{nxXMLFields::Reader(element)};
-    Fields::VisitPosition(*this, position);
-    Fields::VisitRest(*this, nxXMLFields::Reader(element));
-    return position.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read limit. ");
+    return nxXMLConversion::ReadElement(*this, element, std::string());
 }
 
 std::string nxKestrumLimit::GetAsString() const {

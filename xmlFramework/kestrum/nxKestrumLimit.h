@@ -10,6 +10,11 @@
 
 #include <string>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // What a Kestrum algorithm or job may do in one product: how far it may go short or long, how many contracts
 // it may buy and sell in all, and the largest single order (the clip). Quantities are in contracts.
 class XMLFRAMEWORK_API nxKestrumLimit {
@@ -63,7 +68,11 @@ public:
     std::string GetAsString() const; // for logs
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     std::string _productID;
     unsigned int _maxLong = 0;

@@ -3,14 +3,13 @@
 
 #pragma once
 
-#include "include/nxOwnedItems.h"
-#include "xmlFramework/kestrum/nxKestrumLimit.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
-// The limits of an algorithm or a job in their document: a list "Limits" of items "Limit". Private to the
-// library.
 namespace nxKestrumLimitList {
-    // Adds to the limits held. The first limit that cannot be read is left out and ends the list; its failure
-    // is returned.
-    nxErrorEnum Read(const nxXMLElement& root, nxOwnedItems<nxKestrumLimit>& limits);
-    nxErrorEnum Write(nxXMLElement& root, const nxOwnedItems<nxKestrumLimit>& limits);
+    // The limits of an algorithm or a job, as a field of both. The first limit that cannot be read is left
+    // out and ends the list.
+    template <class Limits, class Visitor>
+    void Visit(Limits& limits, Visitor& field) {
+        field("Limits", nxXMLFields::ListOf("Limit", limits));
+    }
 } // namespace nxKestrumLimitList

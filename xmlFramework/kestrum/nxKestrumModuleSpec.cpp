@@ -10,27 +10,34 @@
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumModuleSpec";
-    constexpr char SourceCode[] = "SourceCode";
 } // namespace
+
+struct nxKestrumModuleSpec::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        field("SourceCode", record._sourceCode);
+    }
+};
 
 const bool nxKestrumModuleSpec::_registered = nxXMLDataObject::_Register(new nxKestrumModuleSpec);
 
 nxErrorEnum nxKestrumModuleSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, context,
+        tree, xml, {nxLogLevels::Error, SourceFile}, context,
         "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    nxXMLFields::ReadChild(document.GetRootElement(), SourceCode, _sourceCode);
+    const nxXMLReadContext readContext{context};
+    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), readContext));
     return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxKestrumModuleSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumModuleSpec", xmlOut, [this](nxXMLElement& root) {
-        return nxXMLFields::WriteChild(root, SourceCode, _sourceCode);
+    return nxXMLConversion::Save("KestrumModuleSpec", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

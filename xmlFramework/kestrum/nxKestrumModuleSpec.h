@@ -22,6 +22,8 @@ public:
     void SetSourceCode(const std::string& sourceCode) { _sourceCode = sourceCode; }
 
 private:
+    struct Fields;
+
     static const bool _registered;
 
     std::string _sourceCode;

@@ -4,7 +4,8 @@
 #include "xmlFramework/kestrum/nxKestrumParameterDefinition.h"
 
 #include "include/nxLogLevels.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumParameterDefinition";
@@ -12,16 +13,15 @@ namespace {
 
 struct nxKestrumParameterDefinition::Fields {
     template <class Record, class Visitor>
-    static void VisitRequired(Record& record, Visitor&& field) {
-        field("Name", record._name);
-        field("ParameterType", record._parameterType);
-        field("Optional", record._optional);
-    }
-    template <class Record, class Visitor>
-    static void VisitOptional(Record& record, Visitor&& field) {
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("Name", Required(record._name));
+        field("ParameterType", Required(record._parameterType));
+        field("Optional", Required(record._optional));
         field("SystemParameter", record._isSystemParameter);
         field("ReadOnly", record._readOnly);
         field("Description", record._description);
+        field("ValidValues", ListOf<Leading>("ValidValue", record._validValues));
     }
 };
 
@@ -41,34 +41,20 @@ nxKestrumParameterDefinition* nxKestrumParameterDefinition::CopyInstance() const
     return new nxKestrumParameterDefinition(*this);
 }
 
-nxErrorEnum nxKestrumParameterDefinition::ConvertToXML(nxXMLElement& element) const {
-    nxXMLFields::UntilFailure writer{nxXMLFields::Writer(element)};
-    Fields::VisitRequired(*this, writer);
-    Fields::VisitOptional(*this, writer);
-    if (!writer.GetResult().IsOK())
-        return writer.GetResult();
+nxErrorEnum nxKestrumParameterDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    nxXMLFields::Reader reader(node, context, nxXMLFields::AfterFailure::Stop);
+    Fields::Visit(*this, reader);
+    return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");
+}
 
-    nxXMLElement validValues = element.AddChildElement("ValidValues");
-    for (const std::string& value : _validValues) {
-        const nxErrorEnum result = validValues.AddChildValue("ValidValue", std::string_view(value));
-        if (!result.IsOK())
-            return result;
-    }
-    return nxErrorEnum::OK;
+void nxKestrumParameterDefinition::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink, nxXMLFields::AfterFailure::Stop));
+}
+
+nxErrorEnum nxKestrumParameterDefinition::ConvertToXML(nxXMLElement& element) const {
+    return nxXMLConversion::WriteElement(*this, element);
 }
 
 nxErrorEnum nxKestrumParameterDefinition::ConvertFromXML(nxXMLElement& element) {
-    nxXMLFields::UntilFailure required{nxXMLFields::Reader(element)};
-    Fields::VisitRequired(*this, required);
-    const nxErrorEnum result =
-        required.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");
-    if (!result.IsOK())
-        return result;
-    Fields::VisitOptional(*this, nxXMLFields::Reader(element));
-
-    return nxXMLFields::ForEachLeadingChild(element.FindChildElement("ValidValues"), "ValidValue",
-                                            [this](const nxXMLElement& value) {
-                                                _validValues.push_back(value.GetTextValue());
-                                                return nxErrorEnum::OK;
-                                            });
+    return nxXMLConversion::ReadElement(*this, element, std::string());
 }

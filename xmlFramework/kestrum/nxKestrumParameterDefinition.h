@@ -11,6 +11,11 @@
 #include <string>
 #include <vector>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // Declares one parameter that a Kestrum algorithm's script takes or produces.
 class XMLFRAMEWORK_API nxKestrumParameterDefinition {
 public:
@@ -55,7 +60,11 @@ protected:
                                  bool optional, bool isSystemParameter);
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     std::string _name;
     nxKestrumParameterTypeEnum _parameterType;

@@ -27,21 +27,20 @@ nxKestrumUserLimit* nxKestrumUserLimit::CopyInstance() const {
 }
 
 nxErrorEnum nxKestrumUserLimit::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, context,
+        tree, xml, {nxLogLevels::Error, SourceFile}, context,
         "Failed to convert XML data to kestrum user limit. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxXMLElement root = document.GetRootElement();
-    Fields::Visit(*this, nxXMLFields::Reader(root));
+    const nxXMLReadContext readContext{context};
+    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), readContext));
     return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxKestrumUserLimit::ConvertToXML(std::string& xmlOut, const std::string& /*context*/) const {
-    return nxXMLConversion::Save("KestrumUserLimit", xmlOut, [this](nxXMLElement& root) {
-        Fields::Visit(*this, nxXMLFields::Writer(root));
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("KestrumUserLimit", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }

@@ -6,60 +6,102 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
+#include <ranges>
 #include <set>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxAlgoIDMappingList";
 
-    struct AlgoMapping {
-        bool hasPath = false;
-        std::string path;
-        nxUnsignedValueWrapper id;
-    };
-
-    AlgoMapping ReadMapping(const nxXMLElement& element) {
-        AlgoMapping mapping;
-        nxXMLFields::ForEachChild(element, [&mapping](const nxXMLElement& child) {
-            if (child.HasName("AlgoPath")) {
-                mapping.hasPath = true;
-                mapping.path = child.GetTextValue(); // an empty path is a path
-            } else if (child.HasName("AlgoID")) {
-                unsigned int id = nxUnsignedValueWrapper::NullValue;
-                nxXMLFields::ReadValue(child, id);
-                mapping.id = id;
-            }
-        });
-        return mapping;
-    }
-
-    // Takes the mappings of a document one by one and leaves out those that break the one-to-one rule.
-    class MappingCollector {
+    // A path that is empty is there all the same.
+    class PathField {
     public:
-        explicit MappingCollector(nxAlgoIDMappingList::Mappings& mappings) : _mappings(mappings) {}
+        PathField(std::string_view& path, bool& isThere) : _path(path), _isThere(isThere) {}
 
-        void Add(const AlgoMapping& mapping) {
-            constexpr const char* Failure = "Failed to create algo mapping from XML element. ";
-            if (!mapping.hasPath)
-                nxWriteLog({nxLogLevels::Error, SourceFile}, Failure, "Algo path element was not found");
-            else if (!mapping.id.IsValid())
-                nxWriteLog({nxLogLevels::Error, SourceFile}, Failure,
-                           "Algo ID is not specified or is not a valid number");
-            else if (_mappings.contains(mapping.path))
-                nxWriteLog({nxLogLevels::Error, SourceFile}, Failure,
-                           "Algo path is duplicate. Algo path: ", mapping.path);
-            else if (!_ids.insert(mapping.id).second)
-                nxWriteLog({nxLogLevels::Error, SourceFile}, Failure,
-                           "Algo ID is duplicate. Algo ID: ", mapping.id);
-            else
-                _mappings.emplace(mapping.path, mapping.id);
+        void AppendText(std::string& text) const { text += _path; }
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
+            _isThere = true;
+            _path = node.GetText();
+            return nxErrorEnum::OK;
         }
 
     private:
-        nxAlgoIDMappingList::Mappings& _mappings;
-        std::set<unsigned int> _ids;
+        std::string_view& _path;
+        bool& _isThere;
     };
+
+    // An ID without a text, or with a malformed one, is none.
+    class IDField {
+    public:
+        explicit IDField(nxUnsignedValueWrapper& id) : _id(id) {}
+
+        void AppendText(std::string& text) const { nxXMLFields::AppendText(text, _id); }
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
+            return nxXMLFields::NullIfMalformed(_id).FromText(node.GetText());
+        }
+
+    private:
+        nxUnsignedValueWrapper& _id;
+    };
+
+    // One mapping as its document holds it. The path is a view of the document, or of the list.
+    struct AlgoMapping {
+        std::string_view path;
+        bool hasPath = false;
+        nxUnsignedValueWrapper id;
+
+        template <class Visitor>
+        void Visit(Visitor&& field) {
+            field("AlgoPath", PathField(path, hasPath));
+            field("AlgoID", IDField(id));
+        }
+        nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+            return nxXMLFields::ReadInDocumentOrder(node, context, [this](auto& field) { Visit(field); });
+        }
+        void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+    };
+
+    // Takes the mappings of a document one by one and leaves out those that break the one-to-one rule.
+    class MappingList {
+    public:
+        using Holder = AlgoMapping;
+
+        explicit MappingList(nxAlgoIDMappingList::Mappings& mappings) : _mappings(mappings) {}
+
+        void Add(const AlgoMapping& mapping) {
+            if (!mapping.hasPath)
+                return Refuse("Algo path element was not found");
+            if (!mapping.id.IsValid())
+                return Refuse("Algo ID is not specified or is not a valid number");
+            std::string path(mapping.path);
+            if (_mappings.contains(path))
+                return Refuse("Algo path is duplicate. Algo path: ", path);
+            if (!_ids.insert(mapping.id).second)
+                return Refuse("Algo ID is duplicate. Algo ID: ", mapping.id);
+            _mappings.emplace(std::move(path), mapping.id);
+        }
+        auto Range() const {
+            return std::views::transform(_mappings, [](const auto& entry) {
+                return AlgoMapping{entry.first, true, entry.second};
+            });
+        }
+
+    private:
+        template <class... Pieces>
+        static void Refuse(const Pieces&... pieces) {
+            nxWriteLog({nxLogLevels::Error, SourceFile}, "Failed to create algo mapping from XML element. ",
+                       pieces...);
+        }
+
+        nxAlgoIDMappingList::Mappings& _mappings;
+        std::set<unsigned int> _ids; // of this document
+    };
+
+    template <class Visitor>
+    void VisitFields(MappingList& mappings, Visitor&& field) {
+        field("AlgoIDMappings", nxXMLFields::ListOf("AlgoMapping", mappings));
+    }
 } // namespace
 
 const bool nxAlgoIDMappingList::_registered = nxXMLDataObject::_Register(new nxAlgoIDMappingList);
@@ -67,31 +109,22 @@ const bool nxAlgoIDMappingList::_registered = nxXMLDataObject::_Register(new nxA
 nxErrorEnum nxAlgoIDMappingList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
     _mappings.clear();
 
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
         "Failed to convert XML data to algo mapping list. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    MappingCollector collector(_mappings);
-    nxXMLFields::ForEachChild(document.GetRootElement(), "AlgoIDMappings", [&](const nxXMLElement& list) {
-        nxXMLFields::ForEachChild(list, "AlgoMapping", [&collector](const nxXMLElement& mapping) {
-            collector.Add(ReadMapping(mapping));
-        });
-    });
-    return nxErrorEnum::OK;
+    MappingList mappings(_mappings);
+    return nxXMLFields::ReadInDocumentOrder(tree.GetRoot(), {logPrefix},
+                                            [&mappings](auto& field) { VisitFields(mappings, field); });
 }
 
 nxErrorEnum nxAlgoIDMappingList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("AlgoIDMappingList", xmlOut, [this](nxXMLElement& root) {
-        nxXMLElement container = root.AddChildElement("AlgoIDMappings");
-        for (const auto& [path, id] : _mappings) {
-            nxXMLElement mapping = container.AddChildElement("AlgoMapping");
-            nxXMLFields::WriteChild(mapping, "AlgoPath", path);
-            nxXMLFields::WriteChild(mapping, "AlgoID", id);
-        }
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("AlgoIDMappingList", xmlOut, [this](nxXMLSink& sink) {
+        MappingList mappings(_mappings);
+        VisitFields(mappings, nxXMLFields::Writer(sink));
     });
 }
 

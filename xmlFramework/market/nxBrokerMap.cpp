@@ -4,56 +4,84 @@
 #include "xmlFramework/market/nxBrokerMap.h"
 
 #include "core/nxDataCategoryEnum.h"
-#include "core/nxStringHelper.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLLists.h"
+
+#include <ranges>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxBrokerMap";
 
-    // Any child is a broker, whatever its name.
-    nxErrorEnum ReadBrokers(nxXMLElement root, nxBrokerMap& brokers) {
-        for (nxXMLElement child = root.GetNextChildElement(); child.IsValid();
-             child = root.GetNextChildElement()) {
-            std::string name;
-            std::string idText;
-            unsigned int id = 0;
-            child.GetAttribute("name", name);
-            child.GetAttribute("id", idText);
-            const nxErrorEnum result = nxStringHelper::SetFromString(idText, id);
-            if (!result.IsOK())
-                return result;
-            brokers.SetBrokerIDAndName(id, name);
+    // The name is a view of the document, or of the map.
+    struct Broker {
+        unsigned int id = 0;
+        std::string_view name;
+
+        // By name, as the parser keeps attributes: documents have always had them in this order.
+        template <class Visitor>
+        void Visit(Visitor&& field) {
+            field("id", nxXMLFields::Required(nxXMLFields::Attribute(id)));
+            field("name", nxXMLFields::Attribute(name));
         }
-        return nxErrorEnum::OK;
+        nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+            nxXMLFields::Reader reader(node, context);
+            Visit(reader);
+            return reader.GetResult();
+        }
+        void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+    };
+
+    // The map as a list of brokers.
+    class BrokerList {
+    public:
+        using Holder = Broker;
+
+        explicit BrokerList(nxBrokerMap& map) : _map(map) {}
+
+        void Add(const Broker& broker) { _map.SetBrokerIDAndName(broker.id, std::string(broker.name)); }
+        auto Range() const {
+            return std::views::transform(_map.GetBrokerIDMap(), [](const auto& entry) {
+                return Broker{entry.first, entry.second};
+            });
+        }
+
+    private:
+        nxBrokerMap& _map;
+    };
+
+    template <class Visitor>
+    void VisitFields(BrokerList& brokers, Visitor&& field) {
+        field("Broker", nxXMLFields::Items<nxXMLFields::Any>(brokers));
     }
 } // namespace
 
 const bool nxBrokerMap::_registered = nxXMLDataObject::_Register(new nxBrokerMap);
 
 nxErrorEnum nxBrokerMap::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLDocument document;
-    nxErrorEnum result = document.LoadFromString(xml);
-    if (result.IsOK())
-        result = ReadBrokers(document.GetRootElement(), *this);
-    if (result.IsOK())
-        return result;
+    constexpr const char* Failure =
+        "Failed to convert XML data to broker map. Unable to create XML document from XML string";
+    nxXMLTree tree;
+    const nxErrorEnum loaded =
+        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix, Failure);
+    if (!loaded.IsOK())
+        return nxErrorEnum::InvalidData;
 
+    BrokerList brokers(*this);
+    const nxXMLReadContext context{logPrefix};
+    nxXMLFields::Reader reader(tree.GetRoot(), context);
+    VisitFields(brokers, reader);
+    if (reader.GetResult().IsOK())
+        return nxErrorEnum::OK;
     // The same message, whatever went wrong.
-    nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
-               "Failed to convert XML data to broker map. Unable to create XML document from XML string");
+    nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, Failure);
     return nxErrorEnum::InvalidData;
 }
 
 nxErrorEnum nxBrokerMap::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("BrokerMap", xmlOut, [this](nxXMLElement& root) {
-        for (const auto& [id, name] : _namesByID) {
-            nxXMLElement broker = root.AddChildElement("Broker");
-            broker.SetAttribute("name", std::string_view(name));
-            broker.SetAttribute("id",
-                                std::string_view(nxStringHelper::GetAsString(static_cast<unsigned int>(id))));
-        }
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("BrokerMap", xmlOut, [this](nxXMLSink& sink) {
+        BrokerList brokers(*this);
+        VisitFields(brokers, nxXMLFields::Writer(sink));
     });
 }
 

@@ -4,6 +4,7 @@
 #include "xmlFramework/market/nxExchangeDefinition.h"
 
 #include "core/nxStringParser.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
@@ -27,10 +28,10 @@ namespace {
     public:
         explicit CommaSeparated(List& list) : _list(list) {}
 
-        std::string ToText() const { return Join(_list); }
+        void AppendText(std::string& text) const { text += Join(_list); }
         // An element without text empties the list, too.
-        nxErrorEnum ReadFrom(const nxXMLElement& element) {
-            nxStringParser::ExtractAllSubstrings(element.GetTextValue(), _list, 0, ListSeparator);
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
+            nxStringParser::ExtractAllSubstrings(node.GetText(), _list, 0, ListSeparator);
             for (std::string& item : _list) {
                 nxStringHelper::LeftTrim(item);
                 nxStringHelper::RightTrim(item);
@@ -62,14 +63,22 @@ nxErrorEnum nxExchangeDefinition::IsValid() const {
     return _mnemonic.empty() ? nxErrorEnum::InvalidData : nxErrorEnum::OK;
 }
 
-nxErrorEnum nxExchangeDefinition::ConvertFromXML(nxXMLElement& element, const std::string& /*logPrefix*/) {
-    nxXMLFields::ReadInDocumentOrder(element, [this](auto& reader) { Fields::Visit(*this, reader); });
-    return nxErrorEnum::OK;
+nxErrorEnum nxExchangeDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    return nxXMLFields::ReadInDocumentOrder(node, context,
+                                            [this](auto& field) { Fields::Visit(*this, field); });
+}
+
+void nxExchangeDefinition::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+nxErrorEnum nxExchangeDefinition::ConvertFromXML(nxXMLElement& element, const std::string& logPrefix) {
+    return nxXMLConversion::ReadElement(*this, element, logPrefix);
 }
 
 nxErrorEnum nxExchangeDefinition::ConvertToXML(nxXMLElement& element,
                                                const std::string& /*logPrefix*/) const {
-    Fields::Visit(*this, nxXMLFields::Writer(element));
+    nxXMLConversion::WriteElement(*this, element); // whose document remembers what it could not carry
     return nxErrorEnum::OK;
 }
 

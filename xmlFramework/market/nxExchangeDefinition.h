@@ -10,6 +10,11 @@
 #include <string>
 #include <vector>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // One trading venue or price venue known to the platform.
 class XMLFRAMEWORK_API nxExchangeDefinition {
 public:
@@ -48,7 +53,11 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     std::string _mnemonic;
     std::vector<std::string> _mics;

@@ -5,21 +5,17 @@
 
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
-#include "xmlFramework/market/nxKeyedItems.h"
+#include "xmlFramework/market/nxSharedItems.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
 #include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxExchangeDefinitionList";
-    constexpr char Root[] = "ExchangeDefinitionList";
-    constexpr char Container[] = "ExchangeDefinitions";
-    constexpr char ItemPrefix[] = "ExchangeDefinition-";
     constexpr std::string_view NewPrefix = "NEW_";
     constexpr std::string_view SimulatedSuffix = "_SIM";
-
-    using Items = nxKeyedItems<nxExchangeDefinition>;
 
     void Select(const nxExchangeDefinitionList::Definitions& definitions,
                 bool (nxExchangeDefinition::*hasRole)() const, nxExchangeDefinitionList::Selection& out) {
@@ -30,22 +26,32 @@ namespace {
     }
 } // namespace
 
+struct nxExchangeDefinitionList::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("ExchangeDefinitions",
+              ListOf<ByKey>("ExchangeDefinition-",
+                            KeyedBy(&nxExchangeDefinition::GetMnemonic, record._definitions)));
+    }
+};
+
 const bool nxExchangeDefinitionList::_registered = nxXMLDataObject::_Register(new nxExchangeDefinitionList);
 
 nxExchangeDefinitionList::nxExchangeDefinitionList(const nxExchangeDefinitionList& other)
-    : nxXMLDataObject(other), _definitions(Items::Copy(other._definitions)) {}
+    : nxXMLDataObject(other), _definitions(nxSharedItems::Copy(other._definitions)) {}
 
 nxErrorEnum nxExchangeDefinitionList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
         "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxErrorEnum result = Items::Read(_definitions, document.GetRootElement(), Container, ItemPrefix,
-                                           logPrefix, std::mem_fn(&nxExchangeDefinition::GetMnemonic));
+    const nxErrorEnum result = nxXMLFields::ReadInDocumentOrder(
+        tree.GetRoot(), {logPrefix}, [this](auto& field) { Fields::Visit(*this, field); });
     if (!result.IsOK())
         nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
                    "Failed to convert XML data to exchange definition list spec. "
@@ -54,9 +60,8 @@ nxErrorEnum nxExchangeDefinitionList::ConvertFromXML(const std::string& xml, con
 }
 
 nxErrorEnum nxExchangeDefinitionList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save(Root, xmlOut, [this](nxXMLElement& root) {
-        Items::Write(_definitions, root, Container, ItemPrefix, [](const std::string&) {});
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("ExchangeDefinitionList", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 
@@ -73,7 +78,7 @@ nxExchangeDefinitionList* nxExchangeDefinitionList::CopyInstance() const {
 }
 
 nxErrorEnum nxExchangeDefinitionList::IsValid() const {
-    return Items::Validate(_definitions);
+    return nxSharedItems::Validate(_definitions);
 }
 
 bool nxExchangeDefinitionList::GetDescriptionForMnemonic(const std::string& mnemonic,

@@ -60,6 +60,7 @@ public:
     static bool IsCMEExchangeDestination(const std::string& name);
 
 private:
+    struct Fields;
     static const bool _registered;
 
     Definitions _definitions;

@@ -4,6 +4,7 @@
 #include "xmlFramework/market/nxMICDefinition.h"
 
 #include "core/nxCSVFileReader.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
@@ -126,13 +127,21 @@ nxErrorEnum nxMICDefinition::ConvertToCSV(nxCSVFileRow& row) const {
     return nxErrorEnum::OK;
 }
 
-nxErrorEnum nxMICDefinition::ConvertFromXML(nxXMLElement& element, const std::string& /*logPrefix*/) {
-    nxXMLFields::ReadInDocumentOrder(element, [this](auto& reader) { Fields::Visit(*this, reader); });
-    return nxErrorEnum::OK;
+nxErrorEnum nxMICDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    return nxXMLFields::ReadInDocumentOrder(node, context,
+                                            [this](auto& field) { Fields::Visit(*this, field); });
+}
+
+void nxMICDefinition::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+nxErrorEnum nxMICDefinition::ConvertFromXML(nxXMLElement& element, const std::string& logPrefix) {
+    return nxXMLConversion::ReadElement(*this, element, logPrefix);
 }
 
 nxErrorEnum nxMICDefinition::ConvertToXML(nxXMLElement& element, const std::string& /*logPrefix*/) const {
-    Fields::Visit(*this, nxXMLFields::Writer(element));
+    nxXMLConversion::WriteElement(*this, element); // whose document remembers what it could not carry
     return nxErrorEnum::OK;
 }
 

@@ -10,6 +10,11 @@
 
 #include <string>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // One entry of the ISO 10383 register of market identifier codes. Dates are texts as the register has them.
 class XMLFRAMEWORK_API nxMICDefinition {
 public:
@@ -76,7 +81,11 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     std::string _mic;
     std::string _country;

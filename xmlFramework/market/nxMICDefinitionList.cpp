@@ -5,36 +5,46 @@
 
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
-#include "xmlFramework/market/nxKeyedItems.h"
+#include "xmlFramework/market/nxSharedItems.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 #include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxMICDefinitionList";
-    constexpr char Root[] = "MICDefinitionList";
-    constexpr char Container[] = "MICDefinitions";
-    constexpr char ItemPrefix[] = "MICDefinition-";
 
-    using Items = nxKeyedItems<nxMICDefinition>;
+    void LogItem(const std::string& name) {
+        nxWriteLog({nxLogLevels::Trace, SourceFile}, "Converting MIC definition to XML. Element: ", name);
+    }
 } // namespace
+
+struct nxMICDefinitionList::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field(
+            "MICDefinitions",
+            ListOf<ByKey>("MICDefinition-", KeyedBy(&nxMICDefinition::GetMIC, record._definitions), LogItem));
+    }
+};
 
 const bool nxMICDefinitionList::_registered = nxXMLDataObject::_Register(new nxMICDefinitionList);
 
 nxMICDefinitionList::nxMICDefinitionList(const nxMICDefinitionList& other)
-    : nxXMLDataObject(other), _definitions(Items::Copy(other._definitions)) {}
+    : nxXMLDataObject(other), _definitions(nxSharedItems::Copy(other._definitions)) {}
 
 nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
         "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxErrorEnum result = Items::Read(_definitions, document.GetRootElement(), Container, ItemPrefix,
-                                           logPrefix, std::mem_fn(&nxMICDefinition::GetMIC));
+    const nxErrorEnum result = nxXMLFields::ReadInDocumentOrder(
+        tree.GetRoot(), {logPrefix}, [this](auto& field) { Fields::Visit(*this, field); });
     if (!result.IsOK())
         nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
                    "Failed to convert XML data to MIC definition");
@@ -42,11 +52,8 @@ nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const st
 }
 
 nxErrorEnum nxMICDefinitionList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save(Root, xmlOut, [this](nxXMLElement& root) {
-        Items::Write(_definitions, root, Container, ItemPrefix, [](const std::string& name) {
-            nxWriteLog({nxLogLevels::Trace, SourceFile}, "Converting MIC definition to XML. Element: ", name);
-        });
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("MICDefinitionList", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 
@@ -63,5 +70,5 @@ nxMICDefinitionList* nxMICDefinitionList::CopyInstance() const {
 }
 
 nxErrorEnum nxMICDefinitionList::IsValid() const {
-    return Items::Validate(_definitions);
+    return nxSharedItems::Validate(_definitions);
 }

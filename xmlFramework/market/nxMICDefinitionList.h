@@ -38,6 +38,7 @@ public:
     const Definitions& GetMICDefinitions() const { return _definitions; }
 
 private:
+    struct Fields;
     static const bool _registered;
 
     Definitions _definitions;

@@ -6,43 +6,57 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxOrvalenPriceUsageStatistics";
-    constexpr char UserID[] = "userID";
-    constexpr char Item[] = "ProductStatistic";
+
+    // Of several products of one ID the later stays.
+    template <class Products>
+    class ProductList {
+    public:
+        using Holder = nxOrvalenPriceUsageStatisticsForProduct;
+
+        explicit ProductList(Products& products) : _products(products) {}
+
+        void Add(Holder product) {
+            const std::string& productID = product.GetProductID();
+            _products.insert_or_assign(productID, std::move(product));
+        }
+        const Products& Range() const { return _products; }
+
+    private:
+        Products& _products;
+    };
 } // namespace
+
+struct nxOrvalenPriceUsageStatistics::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        field("userID", record._userID);
+        field("ProductStatistic", nxXMLFields::Items(ProductList(record._products)));
+    }
+};
 
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertFromXML(const std::string& xml,
                                                           const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
     const nxErrorEnum loaded =
-        nxXMLConversion::Load(document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
                               "Failed to convert XML data to exchange trading horus definition "
                               "list. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxXMLElement root = document.GetRootElement();
-    nxXMLFields::ReadChild(root, UserID, _userID);
-    nxXMLFields::ForEachChild(root, Item, [this](nxXMLElement& child) {
-        nxOrvalenPriceUsageStatisticsForProduct product;
-        product.LoadFromXML(child);
-        _products.insert_or_assign(product.GetProductID(), product);
-    });
+    const nxXMLReadContext context{logPrefix};
+    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), context));
     return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("OrvalenPriceStatistics", xmlOut, [this](nxXMLElement& root) {
-        nxXMLFields::WriteChild(root, UserID, _userID);
-        for (const auto& [productID, product] : _products) {
-            nxXMLElement element = root.AddChildElement(Item);
-            product.SaveToXML(element);
-        }
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("OrvalenPriceStatistics", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

@@ -39,6 +39,8 @@ public:
     void Dump(const nxLogLevelEnum& level) const;
 
 private:
+    struct Fields;
+
     nxUnsignedValueWrapper _userID;
     Products _products;
 };

@@ -3,6 +3,7 @@
 
 #include "xmlFramework/market/nxOrvalenPriceUsageStatisticsForProduct.h"
 
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 struct nxOrvalenPriceUsageStatisticsForProduct::Fields {
@@ -16,10 +17,21 @@ struct nxOrvalenPriceUsageStatisticsForProduct::Fields {
     }
 };
 
+nxErrorEnum nxOrvalenPriceUsageStatisticsForProduct::_Read(const nxXMLNode& node,
+                                                           const nxXMLReadContext& context) {
+    nxXMLFields::Reader reader(node, context);
+    Fields::Visit(*this, reader);
+    return reader.GetResult();
+}
+
+void nxOrvalenPriceUsageStatisticsForProduct::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
 void nxOrvalenPriceUsageStatisticsForProduct::SaveToXML(nxXMLElement& element) const {
-    Fields::Visit(*this, nxXMLFields::Writer(element));
+    nxXMLConversion::WriteElement(*this, element); // whose document remembers what it could not carry
 }
 
 void nxOrvalenPriceUsageStatisticsForProduct::LoadFromXML(nxXMLElement& element) {
-    Fields::Visit(*this, nxXMLFields::Reader(element));
+    nxXMLConversion::ReadElement(*this, element, std::string());
 }

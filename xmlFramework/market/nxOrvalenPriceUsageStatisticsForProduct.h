@@ -8,6 +8,11 @@
 
 #include <string>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // Counts of one product's price data objects and price updates, and of those among them that nobody observed.
 // Counters wrap.
 class XMLFRAMEWORK_API nxOrvalenPriceUsageStatisticsForProduct {
@@ -33,7 +38,11 @@ public:
     void LoadFromXML(nxXMLElement& element);
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     std::string _productID;
     unsigned int _noOfPriceDataObjects = 0;

@@ -26,6 +26,7 @@ public:
     const std::vector<std::string>& GetSyntheticPriceServerInstances() const { return _instances; }
 
 private:
+    struct Fields;
     static const bool _registered;
 
     std::vector<std::string> _instances;

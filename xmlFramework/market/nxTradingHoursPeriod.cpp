@@ -3,6 +3,7 @@
 
 #include "xmlFramework/market/nxTradingHoursPeriod.h"
 
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 namespace {
@@ -32,15 +33,23 @@ nxErrorEnum nxTradingHoursPeriod::IsValid() const {
     return hasType && hasRegion && hasTime && hasDays ? nxErrorEnum::OK : nxErrorEnum::InvalidData;
 }
 
-nxErrorEnum nxTradingHoursPeriod::ConvertFromXML(nxXMLElement& periodElement,
-                                                 const std::string& /*logPrefix*/) {
-    Fields::Visit(*this, nxXMLFields::NextReader(periodElement));
-    return nxErrorEnum::OK;
+nxErrorEnum nxTradingHoursPeriod::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    nxXMLFields::NextReader reader(node, context);
+    Fields::Visit(*this, reader);
+    return reader.GetResult();
+}
+
+void nxTradingHoursPeriod::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+nxErrorEnum nxTradingHoursPeriod::ConvertFromXML(nxXMLElement& periodElement, const std::string& logPrefix) {
+    return nxXMLConversion::ReadElement(*this, periodElement, logPrefix);
 }
 
 nxErrorEnum nxTradingHoursPeriod::ConvertToXML(nxXMLElement& periodElement,
                                                const std::string& /*logPrefix*/) const {
-    Fields::Visit(*this, nxXMLFields::Writer(periodElement));
+    nxXMLConversion::WriteElement(*this, periodElement); // whose document remembers what it could not carry
     return nxErrorEnum::OK;
 }
 

@@ -12,6 +12,11 @@
 
 #include <string>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // One weekly trading period: a session of one type, from a day and time in one time zone region to a day and
 // time in another. Days are numbers in the week, 0 to 6.
 class XMLFRAMEWORK_API nxTradingHoursPeriod {
@@ -52,7 +57,11 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
 
     bool operator==(const nxTradingHoursPeriod&) const = default;
 

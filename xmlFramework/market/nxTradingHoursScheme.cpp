@@ -5,17 +5,24 @@
 
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
 #include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxTradingHoursScheme";
-    constexpr char Name[] = "SchemeName";
-    constexpr char List[] = "Periods";
-    constexpr char Item[] = "Period";
 } // namespace
+
+struct nxTradingHoursScheme::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("SchemeName", record._schemeName);
+        field("Periods", ListOf<Leading>("Period", record._periods));
+    }
+};
 
 nxTradingHoursScheme::~nxTradingHoursScheme() = default;
 
@@ -28,31 +35,28 @@ bool nxTradingHoursScheme::IsEqual(const nxTradingHoursScheme& other) const {
            std::ranges::equal(_periods, other._periods, std::mem_fn(&nxTradingHoursPeriod::IsEqual));
 }
 
-nxErrorEnum nxTradingHoursScheme::ConvertFromXML(nxXMLElement& schemeElement, const std::string& logPrefix) {
-    nxXMLFields::NextReader next(schemeElement);
-    next(Name, _schemeName);
-    const nxErrorEnum result =
-        nxXMLFields::ForEachLeadingChild(next.Find(List), Item, [this, &logPrefix](nxXMLElement& element) {
-            nxTradingHoursPeriod period;
-            const nxErrorEnum converted = period.ConvertFromXML(element, logPrefix);
-            if (converted.IsOK())
-                AddTradingPeriod(period);
-            return converted;
-        });
-    if (!result.IsOK())
-        nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
+nxErrorEnum nxTradingHoursScheme::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    nxXMLFields::NextReader reader(node, context);
+    Fields::Visit(*this, reader);
+    if (!reader.GetResult().IsOK())
+        nxWriteLog({nxLogLevels::Error, SourceFile}, context.logPrefix,
                    "Failed to convert XML data to trading hours period. "
                    "Failed to create trading hours scheme from XML");
-    return result;
+    return reader.GetResult();
+}
+
+void nxTradingHoursScheme::_Write(nxXMLSink& sink) const {
+    Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+nxErrorEnum nxTradingHoursScheme::ConvertFromXML(nxXMLElement& schemeElement, const std::string& logPrefix) {
+    return nxXMLConversion::ReadElement(*this, schemeElement, logPrefix);
 }
 
 nxErrorEnum nxTradingHoursScheme::ConvertToXML(nxXMLElement& schemeElement,
-                                               const std::string& logPrefix) const {
-    nxXMLFields::WriteChild(schemeElement, Name, _schemeName);
-    return nxXMLFields::WriteList(schemeElement, List, Item, _periods,
-                                  [&logPrefix](nxXMLElement& element, const nxTradingHoursPeriod& period) {
-                                      return period.ConvertToXML(element, logPrefix);
-                                  });
+                                               const std::string& /*logPrefix*/) const {
+    nxXMLConversion::WriteElement(*this, schemeElement); // whose document remembers what it could not carry
+    return nxErrorEnum::OK;
 }
 
 std::string nxTradingHoursScheme::GetAsLogString() const {

@@ -8,6 +8,11 @@
 #include <string>
 #include <vector>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // A named list of weekly trading periods.
 class XMLFRAMEWORK_API nxTradingHoursScheme {
 public:
@@ -34,6 +39,12 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    friend nxXMLItem;
+    struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink) const;
+
     std::string _schemeName;
     std::vector<nxTradingHoursPeriod> _periods;
 };

@@ -6,46 +6,45 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxTradingHoursSchemeList";
-    constexpr char List[] = "TradingHoursSchemes";
-    constexpr char Item[] = "Scheme";
 } // namespace
+
+struct nxTradingHoursSchemeList::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("TradingHoursSchemes",
+              ListOf("Scheme", KeyedBy(&nxTradingHoursScheme::GetSchemeName, record._schemes)));
+    }
+};
 
 const bool nxTradingHoursSchemeList::_registered = nxXMLDataObject::_Register(new nxTradingHoursSchemeList);
 
 nxErrorEnum nxTradingHoursSchemeList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded =
-        nxXMLConversion::Load(document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
                               "Failed to convert XML data to trading hours scheme list. Unable to create XML "
                               "document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    const nxErrorEnum result = nxXMLFields::ReadList(
-        document.GetRootElement(), List, Item, [this, &logPrefix](nxXMLElement& element) {
-            nxTradingHoursScheme scheme;
-            const nxErrorEnum converted = scheme.ConvertFromXML(element, logPrefix);
-            if (converted.IsOK())
-                _schemes.try_emplace(scheme.GetSchemeName(), scheme);
-            return converted;
-        });
-    if (!result.IsOK())
+    const nxXMLReadContext context{logPrefix};
+    nxXMLFields::Reader reader(tree.GetRoot(), context);
+    Fields::Visit(*this, reader);
+    if (!reader.GetResult().IsOK())
         nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, // two blanks: as it has always been
                    "Failed to convert XML data to trading hours scheme list spec. "
                    "Failed to convert trading hours scheme  from XML");
-    return result;
+    return reader.GetResult();
 }
 
 nxErrorEnum nxTradingHoursSchemeList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("TradingHoursSchemesList", xmlOut, [this](nxXMLElement& root) {
-        return nxXMLFields::WriteList(root, List, Item, _schemes,
-                                      [](nxXMLElement& element, const Schemes::value_type& entry) {
-                                          return entry.second.ConvertToXML(element, std::string());
-                                      });
+    return nxXMLConversion::Save("TradingHoursSchemesList", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

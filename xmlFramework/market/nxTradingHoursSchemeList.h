@@ -30,6 +30,7 @@ public:
     const Schemes& GetTradingHoursSchemes() const { return _schemes; }
 
 private:
+    struct Fields;
     static const bool _registered;
 
     Schemes _schemes;

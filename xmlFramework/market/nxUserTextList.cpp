@@ -6,38 +6,41 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxUserTextList";
-    constexpr char Text[] = "UT";
 } // namespace
+
+struct nxUserTextList::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        using namespace nxXMLFields;
+        field("UT", Items<Leading>(record._texts));
+    }
+};
 
 const bool nxUserTextList::_registered = nxXMLDataObject::_Register(new nxUserTextList);
 
 nxErrorEnum nxUserTextList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded =
-        nxXMLConversion::Load(document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
                               "Failed to convert XML data to user text history list. Unable to create XML "
                               "document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    return nxXMLFields::ForEachLeadingChild(document.GetRootElement(), Text,
-                                            [this](const nxXMLElement& text) {
-                                                _texts.push_back(text.GetTextValue());
-                                                return nxErrorEnum::OK;
-                                            });
+    const nxXMLReadContext context{logPrefix};
+    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), context));
+    return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxUserTextList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("UserTextHistoryList", xmlOut, [this](nxXMLElement& root) {
-        for (const std::string& text : _texts)
-            nxXMLFields::WriteChild(root, Text, text);
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("UserTextHistoryList", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

@@ -32,6 +32,7 @@ public:
     void ClearAllUserTextEntries() { _texts.clear(); }
 
 private:
+    struct Fields;
     static const bool _registered;
 
     std::vector<std::string> _texts;

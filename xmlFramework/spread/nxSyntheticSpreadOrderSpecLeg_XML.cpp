@@ -6,10 +6,12 @@
 #include "core/nxStringHelper.h"
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
 #include <algorithm>
 #include <concepts>
+#include <optional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxSyntheticSpreadOrderSpecLeg_XML";
@@ -20,24 +22,22 @@ namespace {
     // The text forms of a leg's document, which differ from other records': wrappers by name when null or no
     // change, enumerations by their short descriptions.
     template <class T, T Null, T NoChange>
-    std::string ToText(const nxValueWrapper<T, Null, NoChange>& value) {
-        return value.GetAsString();
+    void AppendLegText(std::string& text, const nxValueWrapper<T, Null, NoChange>& value) {
+        value.AppendAsString(text);
     }
-    std::string ToText(const nxDecimal& value) {
-        return value.GetAsLogString('.');
+    void AppendLegText(std::string& text, const nxDecimal& value) {
+        value.AppendAsLogString(text, '.');
     }
-    std::string ToText(const nxEnum& value) {
-        return value.GetShortDescription();
+    void AppendLegText(std::string& text, const nxEnum& value) {
+        value.AppendShortDescription(text);
     }
 
-    template <class T, T Null, T NoChange>
-    nxErrorEnum FromText(const std::string& text, nxValueWrapper<T, Null, NoChange>& value) {
-        return value.SetFromString(text);
+    template <class Value>
+    nxErrorEnum FromLegText(std::string_view text, Value& value) {
+        return nxXMLFields::FromText(text, value);
     }
-    nxErrorEnum FromText(const std::string& text, nxDecimal& value) {
-        return value.SetFromString(text, '.');
-    }
-    nxErrorEnum FromText(const std::string& text, nxEnum& value) {
+    template <std::derived_from<nxEnum> Value>
+    nxErrorEnum FromLegText(std::string_view text, Value& value) {
         return value.SetFromShortDescriptionString(text) ? nxErrorEnum::OK : nxErrorEnum::ValueNotParsed;
     }
 
@@ -55,9 +55,11 @@ namespace {
     public:
         explicit Always(Value& value) : _value(value) {}
 
-        std::string ToText() const { return ::ToText(_value); }
+        void AppendText(std::string& text) const { AppendLegText(text, _value); }
         // An element without text reads as the empty text, which makes a decimal null.
-        nxErrorEnum ReadFrom(const nxXMLElement& element) { return FromText(element.GetTextValue(), _value); }
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
+            return FromLegText(node.GetText(), _value);
+        }
 
     protected:
         Value& _value;
@@ -70,6 +72,40 @@ namespace {
         explicit IfSet(Value& value) : Always<Value>(value) {}
 
         bool IsWritten() const { return !IsUnset(this->_value); }
+    };
+
+    // A setting that stands in some documents, and here only while it is read or written.
+    template <class Value>
+    class Sometimes {
+    public:
+        explicit Sometimes(std::optional<Value>& value) : _value(value) {}
+
+        bool IsWritten() const { return _value.has_value(); }
+        void AppendText(std::string& text) const { nxXMLFields::AppendText(text, *_value); }
+        nxErrorEnum FromText(std::string_view text) {
+            Value value{};
+            const nxErrorEnum result = nxXMLFields::FromText(text, value);
+            if (result.IsOK())
+                _value = value;
+            return result;
+        }
+
+    private:
+        std::optional<Value>& _value;
+    };
+
+    // Another name of a setting, under which it is only read.
+    template <class Value>
+    class OtherName {
+    public:
+        explicit OtherName(Value& value) : _value(value) {}
+
+        static bool IsWritten() { return false; }
+        void AppendText(std::string& /*text*/) const {}
+        nxErrorEnum FromText(std::string_view text) { return nxXMLFields::FromText(text, _value); }
+
+    private:
+        Value& _value;
     };
 
     constexpr const char* BandTicksNames[] = {"SensitivityTicks1", "SensitivityTicks2", "SensitivityTicks3",
@@ -111,22 +147,23 @@ namespace {
     }
 } // namespace
 
-// The payup settings as documents hold them, beside "PayupTicks".
+// The payup settings as documents hold them, beside "PayupTicks": the method, and the older form of flags and
+// ticks.
 struct nxSyntheticSpreadOrderSpecLeg_XML::PayupForms {
     PayupMethod method;
-    // The older form.
     bool conditional = false;
     bool cascade = false;
-    bool cascadeFinesse = false;
-    unsigned int finesseTicks = nxUnsignedValueWrapper::NullValue; // digits only, unlike the wrappers
+    std::optional<bool> cascadeFinesse;
+    std::optional<unsigned int> finesseTicks; // digits only, unlike the wrappers
 
-    template <class Visitor>
-    void Read(Visitor& field) {
-        field("PayupMethod", Always(method));
-        field("ConditionalPayup", conditional);
-        field("CascadeConditionalPayup", cascade);
-        field("CascadeFinessePayup", cascadeFinesse);
-        field("FinessePayupTicks", finesseTicks);
+    static PayupForms Of(const Leg& leg) {
+        PayupForms forms{
+            leg._payupMethod, leg._IsConditionalPayup(), leg._payupMethod == PayupMethod::Cascade, {}, {}};
+        if (leg._finesse)
+            forms.cascadeFinesse = forms.cascade;
+        if (leg._payupTicks.IsValid() && leg._payupTicks >= 0)
+            forms.finesseTicks = static_cast<unsigned int>(leg._payupTicks);
+        return forms;
     }
 
     // Gives the leg, whose other settings have been read, its method and ticks.
@@ -135,30 +172,18 @@ struct nxSyntheticSpreadOrderSpecLeg_XML::PayupForms {
             leg._payupMethod = method; // the older ticks do not count beside it
             return;
         }
-        if (cascade || (leg._finesse && cascadeFinesse))
+        if (cascade || (leg._finesse && cascadeFinesse.value_or(false)))
             leg._payupMethod = PayupMethod::Cascade;
         else
             leg._payupMethod = conditional ? PayupMethod::Conditional : PayupMethod::Plain;
-        if (nxUnsignedValueWrapper(finesseTicks).IsValid() && !leg._payupTicks.IsValid())
-            leg._payupTicks = static_cast<int>(finesseTicks);
-    }
-
-    static void Write(nxXMLFields::Writer& field, const Leg& leg) {
-        const bool cascade = leg._payupMethod == PayupMethod::Cascade;
-        field("PayupMethod", Always(leg._payupMethod));
-        field("ConditionalPayup", leg._IsConditionalPayup());
-        field("CascadeConditionalPayup", cascade);
-        if (leg._finesse)
-            field("CascadeFinessePayup", cascade);
-        if (leg._payupTicks.IsValid() && leg._payupTicks >= 0)
-            field("FinessePayupTicks", Always(leg._payupTicks)); // for readers of the older form
+        if (finesseTicks && nxUnsignedValueWrapper(*finesseTicks).IsValid() && !leg._payupTicks.IsValid())
+            leg._payupTicks = static_cast<int>(*finesseTicks);
     }
 };
 
-// The other settings, in the order of the document. Calls `visitPayup` where the payup settings stand.
 struct nxSyntheticSpreadOrderSpecLeg_XML::Fields {
-    template <class Visitor, class VisitPayup>
-    static void Visit(Leg& leg, Visitor& field, VisitPayup visitPayup) {
+    template <class Visitor>
+    static void Visit(Leg& leg, PayupForms& payup, Visitor&& field) {
         field("WorkingLeg", leg._workingLeg);
         field("TailSize", IfSet(leg._tailSize));
         field("OrderType", Always(leg._orderType));
@@ -175,12 +200,17 @@ struct nxSyntheticSpreadOrderSpecLeg_XML::Fields {
         field("AccountIDOverride", Always(leg._accountIDOverride));
         field("HedgeAggressionMethod", IfSet(leg._hedgeAggressionMethod));
         field("ScratchPayupTicks", Always(leg._scratchPayupTicks));
-        visitPayup();
+        field("PayupMethod", Always(payup.method));
+        field("ConditionalPayup", payup.conditional);
+        field("CascadeConditionalPayup", payup.cascade);
+        field("CascadeFinessePayup", Sometimes(payup.cascadeFinesse));
+        field("FinessePayupTicks", Sometimes(payup.finesseTicks));
         for (std::size_t i = 0; i < leg._bands.size(); ++i) {
             field(BandTicksNames[i], IfSet(leg._bands[i].ticks));
             field(BandRangeNames[i], IfSet(leg._bands[i].rangeTicks));
         }
         field("ExecutionRestriction", IfSet(leg._executionRestriction));
+        field("IsAuctionModeLeg", OtherName(leg._isAuctionModeLeg));
     }
 };
 
@@ -188,24 +218,29 @@ void nxSyntheticSpreadOrderSpecLeg_XML::SetPayupMethod(const nxSyntheticSpreadPa
     _payupMethod = method.IsUndefined() || method.IsNoChange() ? PayupMethod(PayupMethod::Plain) : method;
 }
 
-nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertFromXML(nxXMLElement& element,
-                                                              const std::string& /*logPrefix*/) {
+nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
     PayupForms payup;
-    nxXMLFields::ReadInDocumentOrder(element, [this, &payup](auto& field) {
-        Fields::Visit(*this, field, [&payup, &field] { payup.Read(field); });
-        field("IsAuctionModeLeg", _isAuctionModeLeg); // another name of "IsOpenAuctionModeLeg"
-    });
+    const nxErrorEnum result = nxXMLFields::ReadInDocumentOrder(
+        node, context, [this, &payup](auto& field) { Fields::Visit(*this, payup, field); });
     payup.ApplyTo(*this);
-    return nxErrorEnum::OK;
+    return result;
+}
+
+void nxSyntheticSpreadOrderSpecLeg_XML::_Write(nxXMLSink& sink) {
+    if (_payupMethod.IsUndefined())
+        _payupMethod = PayupMethod::Plain;
+    PayupForms payup = PayupForms::Of(*this);
+    Fields::Visit(*this, payup, nxXMLFields::Writer(sink));
+}
+
+nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertFromXML(nxXMLElement& element,
+                                                              const std::string& logPrefix) {
+    return nxXMLConversion::ReadElement(*this, element, logPrefix);
 }
 
 nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertToXML(nxXMLElement& element,
                                                             const std::string& /*logPrefix*/) {
-    if (_payupMethod.IsUndefined())
-        _payupMethod = PayupMethod::Plain;
-
-    nxXMLFields::Writer field(element);
-    Fields::Visit(*this, field, [this, &field] { PayupForms::Write(field, *this); });
+    nxXMLConversion::WriteElement(*this, element); // whose document remembers what it could not carry
     return nxErrorEnum::OK;
 }
 

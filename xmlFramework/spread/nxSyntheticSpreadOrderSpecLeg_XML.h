@@ -16,6 +16,11 @@
 #include <array>
 #include <string>
 
+class nxXMLNode;
+class nxXMLSink;
+struct nxXMLItem;
+struct nxXMLReadContext;
+
 // The settings of one leg of a synthetic spread order. Reading takes whatever a document holds; IsValid says
 // whether the settings make sense together. Volumes and sizes are in contracts, payups and sensitivities in
 // ticks.
@@ -109,7 +114,11 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    friend nxXMLItem;
     struct Fields;
+
+    nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
+    void _Write(nxXMLSink& sink);
     struct PayupForms;
 
     struct SensitivityBand {

@@ -6,61 +6,48 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
-#include <unordered_map>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxSyntheticSpreadOrderSpec_XML";
 
-    using Legs = nxSyntheticSpreadOrderSpec_XML::Legs;
-
-    std::string LegName(std::size_t index) {
-        return "Leg-" + std::to_string(index);
-    }
-
-    // The legs as elements "Leg-0", "Leg-1" and so on. Keeps the failure of a leg that could not be read.
+    // The legs, with a message about one that could not be read: those before it are there.
+    template <class Legs>
     class LegsField {
     public:
-        LegsField(Legs& legs, const std::string& logPrefix) : _legs(legs), _logPrefix(logPrefix) {}
+        static constexpr bool IsList = true;
 
-        const nxErrorEnum& GetResult() const { return _result; }
+        explicit LegsField(Legs& legs) : _legs(legs) {}
 
-        nxErrorEnum ReadFrom(const nxXMLElement& element) {
-            if (!_result.IsOK())
-                return _result;
-            std::unordered_map<std::string, nxXMLElement> elements; // the first of each name
-            nxXMLFields::ForEachChild(element, [&elements](const nxXMLElement& child) {
-                elements.try_emplace(child.GetName(), child);
-            });
-            for (std::size_t i = 0; _result.IsOK(); ++i) {
-                const auto found = elements.find(LegName(i));
-                if (found == elements.end())
-                    break;
-                _result = ReadLeg(found->second, i);
-            }
-            return _result;
-        }
-
-    private:
-        nxErrorEnum ReadLeg(nxXMLElement& element, std::size_t index) {
-            auto leg = std::make_unique<nxSyntheticSpreadOrderSpecLeg_XML>();
-            const nxErrorEnum result = leg->ConvertFromXML(element, _logPrefix);
-            if (result.IsOK())
-                _legs.push_back(std::move(leg));
-            else
-                nxWriteLog({nxLogLevels::Error, SourceFile}, _logPrefix,
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
+            const std::size_t before = _legs.size();
+            const nxErrorEnum result = TheList().ReadFrom(node, context);
+            if (!result.IsOK())
+                nxWriteLog({nxLogLevels::Error, SourceFile}, context.logPrefix,
                            "Failed to convert XML data to spread spec. Failed to convert leg #",
-                           static_cast<unsigned int>(index), " from XML element");
+                           static_cast<unsigned int>(_legs.size() - before), " from XML element");
             return result;
         }
+        void WriteTo(nxXMLSink& sink, std::string_view name) const { TheList().WriteTo(sink, name); }
+
+    private:
+        auto TheList() const { return nxXMLFields::ListOf<nxXMLFields::ByNumber>("Leg-", _legs); }
 
         Legs& _legs;
-        const std::string& _logPrefix;
-        nxErrorEnum _result;
     };
 } // namespace
+
+struct nxSyntheticSpreadOrderSpec_XML::Fields {
+    template <class Record, class Visitor>
+    static void Visit(Record& record, Visitor&& field) {
+        field("SpecName", record._specName);
+        field("Legs", LegsField(record._legs));
+        field("ScratchIfLegged", record._scratchIfLegged);
+        field("ExchDest", record._exchangeDestinationOverride);
+    }
+};
 
 const bool nxSyntheticSpreadOrderSpec_XML::_registered =
     nxXMLDataObject::_Register(new nxSyntheticSpreadOrderSpec_XML);
@@ -84,34 +71,20 @@ nxSyntheticSpreadOrderSpec_XML::operator=(const nxSyntheticSpreadOrderSpec_XML& 
 
 nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertFromXML(const std::string& xml,
                                                            const std::string& logPrefix) {
-    nxXMLDocument document;
+    nxXMLTree tree;
     const nxErrorEnum loaded = nxXMLConversion::Load(
-        document, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
+        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
         "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    LegsField legs(_legs, logPrefix);
-    nxXMLFields::ReadInDocumentOrder(document.GetRootElement(), [this, &legs](auto& field) {
-        field("SpecName", _specName);
-        field("Legs", legs);
-        field("ScratchIfLegged", _scratchIfLegged);
-        field("ExchDest", _exchangeDestinationOverride);
-    });
-    return legs.GetResult();
+    return nxXMLFields::ReadInDocumentOrder(tree.GetRoot(), {logPrefix},
+                                            [this](auto& field) { Fields::Visit(*this, field); });
 }
 
 nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("SyntheticSpreadSpec", xmlOut, [this](nxXMLElement& root) {
-        nxXMLFields::WriteChild(root, "SpecName", _specName);
-        nxXMLElement legs = root.AddChildElement("Legs");
-        for (std::size_t i = 0; i < _legs.size(); ++i) {
-            nxXMLElement element = legs.AddChildElement(LegName(i));
-            _legs[i]->ConvertToXML(element, std::string());
-        }
-        nxXMLFields::WriteChild(root, "ScratchIfLegged", _scratchIfLegged);
-        nxXMLFields::WriteChild(root, "ExchDest", _exchangeDestinationOverride);
-        return nxErrorEnum::OK;
+    return nxXMLConversion::Save("SyntheticSpreadSpec", xmlOut, [this](nxXMLSink& sink) {
+        Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
 }
 

@@ -52,6 +52,8 @@ public:
     std::string GetAsLogString() const;
 
 private:
+    struct Fields;
+
     static const bool _registered;
 
     std::string _specName;

@@ -3,37 +3,79 @@
 
 #include "xmlFramework/xml/nxXMLConversion.h"
 
-#include "xmlFramework/xml/nxXMLNotCarried.h"
+#include "include/nxLogLevels.h"
+#include "xmlFramework/xml/nxXMLDOMTree.h"
+#include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLElementSink.h"
+#include "xmlFramework/xml/nxXMLTextSink.h"
 
-#include <xercesc/dom/DOMException.hpp>
+namespace {
+    constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLDocument";
 
-nxErrorEnum nxXMLConversion::Load(nxXMLDocument& document, const std::string& xml, const nxLogSite& site,
+    // Appends to a text what is to take its place. What stood there comes back unless the new text is kept:
+    // so the memory of a text that is written again and again is used again.
+    class Replacement {
+    public:
+        explicit Replacement(std::string& text) : _text(text), _oldSize(text.size()) {
+            _replacement.swap(text);
+        }
+        ~Replacement() {
+            if (!_isKept)
+                _replacement.resize(_oldSize); // never grows
+            _text.swap(_replacement);
+        }
+        Replacement(const Replacement&) = delete;
+        Replacement& operator=(const Replacement&) = delete;
+
+        std::string& Get() { return _replacement; }
+        void Keep() {
+            _replacement.erase(0, _oldSize);
+            _isKept = true;
+        }
+
+    private:
+        std::string& _text;
+        std::string _replacement;
+        std::size_t _oldSize;
+        bool _isKept = false;
+    };
+} // namespace
+
+nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
                                   const std::string& logPrefix, const char* message) {
+    nxXMLDocument document;
     const nxErrorEnum result = document.LoadFromString(xml);
-    if (!result.IsOK())
+    if (result.IsOK())
+        LoadElement(tree, document.GetRootElement());
+    else
         nxWriteLog(site, logPrefix, message);
     return result;
 }
 
-nxErrorEnum nxXMLConversion::Save(const std::string& rootName, std::string& xmlOut,
-                                  const std::function<nxErrorEnum(nxXMLElement& root)>& fill) {
-    nxXMLDocument document;
-    nxErrorEnum result = document.CreateDocument(rootName);
-    if (!result.IsOK())
-        return result;
-
-    nxXMLElement root = document.GetRootElement();
-    result = fill(root);
-    if (result.IsOK() || result == nxErrorEnum(nxErrorEnum::XMLTextNotCarried))
-        return document.SaveToString(xmlOut); // which says what could not be carried
-    return result;
+nxErrorEnum nxXMLConversion::Save(std::string_view rootName, std::string& xmlOut,
+                                  const std::function<void(nxXMLSink& sink)>& fill) {
+    Replacement text(xmlOut);
+    nxXMLTextSink sink(text.Get());
+    sink.Start(rootName);
+    fill(sink);
+    sink.End();
+    if (!sink.IsOK()) {
+        nxWriteLog({nxLogLevels::Error, SourceFile},
+                   "Error saving document: in memory \nException message is:  \n", sink.GetProblem(), "\n");
+        return sink.GetResult();
+    }
+    sink.Flush();
+    text.Keep();
+    return nxErrorEnum::OK;
 }
 
-nxXMLElement nxXMLConversion::AddNamedByData(nxXMLElement& parent, const std::string& name) {
-    try {
-        return parent.AddChildElement(name);
-    } catch (const xercesc::DOMException&) {
-        nxXMLNotCarried::Note(*parent.GetElement(), "the name '" + name + "' cannot be carried by XML");
-        return {};
-    }
+void nxXMLConversion::LoadElement(nxXMLTree& tree, const nxXMLElement& element) {
+    nxXMLDOMTree::Fill(tree, element.GetElement());
+}
+
+nxErrorEnum nxXMLConversion::SaveBelow(const nxXMLElement& element,
+                                       const std::function<void(nxXMLSink& sink)>& fill) {
+    nxXMLElementSink sink(element);
+    fill(sink);
+    return sink.GetResult();
 }

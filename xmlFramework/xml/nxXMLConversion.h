@@ -5,25 +5,40 @@
 
 #include "include/nxErrorEnum.h"
 #include "include/nxWriteLog.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLItem.h"
+#include "xmlFramework/xml/nxXMLSink.h"
+#include "xmlFramework/xml/nxXMLTree.h"
 
 #include <functional>
 #include <string>
+#include <string_view>
 
-// What the whole-document conversions of all records have in common. Private to the library.
+class nxXMLElement;
+
+// Between records and what their texts come from and go to. Private to the library.
 namespace nxXMLConversion {
-    // Loads `xml` into the fresh `document`. On failure logs the prefix and the record's message, and returns
-    // the document's result.
-    nxErrorEnum Load(nxXMLDocument& document, const std::string& xml, const nxLogSite& site,
+    // Loads `xml` into the tree. On failure logs the prefix and the record's message, and returns why.
+    nxErrorEnum Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
                      const std::string& logPrefix, const char* message);
 
-    // Makes a document, lets `fill` add to its root element, and saves it to `xmlOut`, which is untouched on
-    // failure. A failure of `fill` is returned and nothing is saved. Names made of data go through
-    // AddNamedByData.
-    nxErrorEnum Save(const std::string& rootName, std::string& xmlOut,
-                     const std::function<nxErrorEnum(nxXMLElement& root)>& fill);
+    // Writes a document to `xmlOut`: a root element of that name with what `fill` writes in it. On failure
+    // `xmlOut` is untouched: nxErrorEnum::XMLTextNotCarried, logged, when something cannot be carried.
+    nxErrorEnum Save(std::string_view rootName, std::string& xmlOut,
+                     const std::function<void(nxXMLSink& sink)>& fill);
 
-    // Appends an element whose name is made of data. A name that is no XML name gives an invalid handle, and
-    // the document refuses to be saved.
-    nxXMLElement AddNamedByData(nxXMLElement& parent, const std::string& name);
+    // An element of a user's as a tree, and what writes below it.
+    void LoadElement(nxXMLTree& tree, const nxXMLElement& element);
+    nxErrorEnum SaveBelow(const nxXMLElement& element, const std::function<void(nxXMLSink& sink)>& fill);
+
+    // Items that users read from and write to elements of their own.
+    template <class Item>
+    nxErrorEnum ReadElement(Item& item, const nxXMLElement& element, const std::string& logPrefix) {
+        nxXMLTree tree;
+        LoadElement(tree, element);
+        return nxXMLItem::Read(item, tree.GetRoot(), {logPrefix});
+    }
+    template <class Item>
+    nxErrorEnum WriteElement(Item& item, const nxXMLElement& element) {
+        return SaveBelow(element, [&item](nxXMLSink& sink) { nxXMLItem::Write(item, sink); });
+    }
 } // namespace nxXMLConversion

@@ -9,180 +9,174 @@
 #include "include/nxErrorEnum.h"
 #include "include/nxValueWrapper.h"
 #include "include/nxWriteLog.h"
-#include "xmlFramework/xml/nxXMLElement.h"
+#include "xmlFramework/xml/nxXMLItem.h"
+#include "xmlFramework/xml/nxXMLSink.h"
+#include "xmlFramework/xml/nxXMLTree.h"
 
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 
-// The verbs with which records read and write their fields: one text child per field. Private to the library.
+// The verbs with which records read and write their fields. Private to the library.
 //
-// A record states its fields once, as a function that hands each field's name and member to a visitor:
+// A record states its fields once, in the order of its document, as a function that hands each field's name
+// and member to a visitor:
 //
 //     template <class Record, class Visitor>
-//     static void Visit(Record& record, Visitor&& field)
-//     {
+//     static void Visit(Record& record, Visitor&& field) {
 //         field("Name", record._name);
 //         field("IsActive", record._isActive);
+//         field("Limits", ListOf("Limit", record._limits));
 //     }
 //
-// and reads and writes itself by visiting with a reader or a writer from here.
+// and reads and writes itself by visiting with a reader or a writer from here. A field is a child element
+// with a text unless its type says otherwise, by being wrapped on the spot: lists stand in nxXMLLists.h, and
+// the concepts below say what a wrapper of a record's own may do.
 namespace nxXMLFields {
-    // A field that brings its own text form.
+    // A field with a text form of its own.
     template <class T>
-    concept WritesText = requires(const T& field) {
-        { field.ToText() } -> std::convertible_to<std::string>;
+    concept WritesText = requires(const T& field, std::string& text) {
+        field.AppendText(text);
     };
     template <class T>
-    concept ReadsText = requires(T& field, const std::string& text) {
+    concept ReadsText = requires(T& field, std::string_view text) {
         { field.FromText(text) } -> std::same_as<nxErrorEnum>;
     };
-
-    // A field that is more than a text: it reads and writes its element itself.
+    // A field that is more than a text: it reads its element, and writes itself, whatever that takes.
     template <class T>
-    concept ReadsElement = requires(T& field, const nxXMLElement& element) {
-        { field.ReadFrom(element) } -> std::same_as<nxErrorEnum>;
+    concept ReadsNode = requires(T& field, const nxXMLNode& node, const nxXMLReadContext& context) {
+        { field.ReadFrom(node, context) } -> std::same_as<nxErrorEnum>;
     };
     template <class T>
-    concept WritesElement = requires(const T& field, nxXMLElement& element) {
-        { field.WriteTo(element) } -> std::same_as<nxErrorEnum>;
+    concept WritesItself = requires(const T& field, nxXMLSink& sink, std::string_view name) {
+        field.WriteTo(sink, name);
+    };
+    // A field that is not one child: it is read from the element in which the children of its name stand.
+    template <class T>
+    concept ReadsParent = requires(T& field, const nxXMLNode& parent, std::string_view name,
+                                   const nxXMLReadContext& context) {
+        { field.ReadFrom(parent, name, context) } -> std::same_as<nxErrorEnum>;
     };
     // A field that is not always written.
     template <class T>
     concept HasCondition = requires(const T& field) {
         { field.IsWritten() } -> std::same_as<bool>;
     };
+    // A field whose failure is its record's: see Required. For lists, no element is no failure.
+    template <class T>
+    concept IsRequired = T::IsRequired;
+    template <class T>
+    concept IsList = T::IsList;
 
-    // The text of a value in a document.
-    inline const std::string& ToText(const std::string& value) {
-        return value;
-    }
-    inline std::string ToText(const nxDecimal& value) {
-        return value.GetAsString('.');
+    // ---- The text of a value in a document
+
+    inline void AppendText(std::string& text, const nxDecimal& value) {
+        value.AppendAsString(text, '.');
     }
     // The plain number, null and no-change as their reserved values.
     template <class T, T Null, T NoChange>
-    std::string ToText(const nxValueWrapper<T, Null, NoChange>& value) {
-        return nxStringHelper::GetAsString(static_cast<T>(value));
+    void AppendText(std::string& text, const nxValueWrapper<T, Null, NoChange>& value) {
+        nxStringHelper::AppendAsString(text, static_cast<T>(value));
     }
     template <WritesText T>
-    std::string ToText(const T& value) {
-        return value.ToText();
+    void AppendText(std::string& text, const T& value) {
+        value.AppendText(text);
     }
     template <class T>
-    std::string ToText(const T& value) {
-        return nxStringHelper::GetAsString(value);
+    void AppendText(std::string& text, const T& value) {
+        nxStringHelper::AppendAsString(text, value);
     }
 
     // The value that a text in a document stands for. On failure the value is untouched.
-    inline nxErrorEnum FromText(const std::string& text, nxDecimal& value) {
+    inline nxErrorEnum FromText(std::string_view text, nxDecimal& value) {
         return value.SetFromString(text, '.');
     }
+    inline nxErrorEnum FromText(std::string_view text, std::string& value) {
+        value = text;
+        return nxErrorEnum::OK;
+    }
+    // Of a record that is used up before the tree ends.
+    inline nxErrorEnum FromText(std::string_view text, std::string_view& value) {
+        value = text;
+        return nxErrorEnum::OK;
+    }
     template <class T, T Null, T NoChange>
-    nxErrorEnum FromText(const std::string& text, nxValueWrapper<T, Null, NoChange>& value) {
+    nxErrorEnum FromText(std::string_view text, nxValueWrapper<T, Null, NoChange>& value) {
         return value.SetFromString(text);
     }
     template <ReadsText T>
-    nxErrorEnum FromText(const std::string& text, T& value) {
+    nxErrorEnum FromText(std::string_view text, T& value) {
         return value.FromText(text);
     }
     template <class T>
-    nxErrorEnum FromText(const std::string& text, T& value) {
+    nxErrorEnum FromText(std::string_view text, T& value) {
         return nxStringHelper::SetFromString(text, value);
     }
 
-    // Reads an element's text into a field. On failure the field is untouched: nxErrorEnum::ValueNotFound
-    // without a text, nxErrorEnum::ValueNotParsed for a text that is no value of the field's type.
-    inline nxErrorEnum ReadValue(const nxXMLElement& element, std::string& field) {
-        return element.GetText(field);
-    }
+    // ---- One field
+
+    // Reads an element into a field. On failure the field is untouched: nxErrorEnum::ValueNotFound without an
+    // element, or without a text, nxErrorEnum::ValueNotParsed for a text that is no value of the field's
+    // type.
     template <class T>
-    nxErrorEnum ReadValue(const nxXMLElement& element, T& field) {
-        std::string text;
-        const nxErrorEnum result = element.GetText(text);
-        return result.IsOK() ? FromText(text, field) : result;
+    nxErrorEnum ReadValue(const nxXMLNode& node, T&& field, const nxXMLReadContext& context) {
+        using Field = std::remove_cvref_t<T>;
+        if (!node.IsValid())
+            return IsList<Field> ? nxErrorEnum::OK : nxErrorEnum::ValueNotFound;
+        if constexpr (ReadsNode<Field>)
+            return field.ReadFrom(node, context);
+        else
+            return node.HasText() ? FromText(node.GetText(), field) : nxErrorEnum(nxErrorEnum::ValueNotFound);
     }
 
-    template <ReadsElement T>
-    nxErrorEnum ReadValue(const nxXMLElement& element, T& field) {
-        return element.IsValid() ? field.ReadFrom(element) : nxErrorEnum::ValueNotFound;
-    }
-
-    // Reads the first child of that name.
+    // A field that must be there: its failure is the result of the record, and once there is one, no further
+    // required field is read or written.
     template <class T>
-    nxErrorEnum ReadChild(const nxXMLElement& parent, std::string_view name, T&& field) {
-        return ReadValue(parent.FindChildElement(name), field);
-    }
-
-    // Appends a child of that name, unless the field says that it is not to be written.
-    template <class T>
-    nxErrorEnum WriteChild(nxXMLElement& parent, std::string_view name, const T& field) {
-        if constexpr (HasCondition<T>) {
-            if (!field.IsWritten())
-                return nxErrorEnum::OK;
-        }
-        if constexpr (WritesElement<T>) {
-            nxXMLElement element = parent.AddChildElement(name);
-            return field.WriteTo(element);
-        } else {
-            return parent.AddChildValue(name, std::string_view(ToText(field)));
-        }
-    }
-
-    // Visitor that appends each field as a child. Its results may be dropped: a document that could not take
-    // a value says so when it is saved.
-    class Writer {
+    class Required {
     public:
-        explicit Writer(nxXMLElement& parent) : _parent(parent) {}
+        static constexpr bool IsRequired = true;
 
-        template <class T, class... Traits>
-        nxErrorEnum operator()(std::string_view name, const T& field, const Traits&... /*traits*/) {
-            return WriteChild(_parent, name, field);
+        explicit Required(T&& value) : _value(std::forward<T>(value)) {}
+
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
+            return ReadValue(node, _value, context);
         }
+        nxErrorEnum ReadFrom(const nxXMLNode& parent, std::string_view name,
+                             const nxXMLReadContext& context) requires ReadsParent<std::remove_cvref_t<T>> {
+            return _value.ReadFrom(parent, name, context);
+        }
+        const std::remove_cvref_t<T>& Get() const { return _value; }
 
     private:
-        nxXMLElement& _parent;
+        T _value;
     };
+    template <class T>
+    Required(T&&) -> Required<T>;
 
-    // Visitor that reads each field from the first child of its name.
-    class Reader {
+    // An attribute of the record's own element. One that is not there reads as the empty text.
+    template <class T>
+    class Attribute {
     public:
-        explicit Reader(const nxXMLElement& parent) : _parent(parent) {}
+        explicit Attribute(T& value) : _value(value) {}
 
-        template <class T>
-        nxErrorEnum operator()(std::string_view name, T&& field) {
-            return ReadChild(_parent, name, field);
+        nxErrorEnum ReadFrom(const nxXMLNode& parent, std::string_view name,
+                             const nxXMLReadContext& /*context*/) {
+            return FromText(parent.GetAttribute(name), _value);
+        }
+        void WriteTo(nxXMLSink& sink, std::string_view name) const {
+            if constexpr (std::convertible_to<T, std::string_view>)
+                sink.Attribute(name, _value);
+            else {
+                std::string text;
+                AppendText(text, _value);
+                sink.Attribute(name, text);
+            }
         }
 
     private:
-        const nxXMLElement& _parent;
-    };
-
-    // Visitor around another one that goes on only until the first failure, and keeps it.
-    template <class Visitor>
-    class UntilFailure {
-    public:
-        explicit UntilFailure(Visitor visitor) : _visitor(visitor) {}
-
-        template <class T>
-        void operator()(std::string_view name, T&& field) {
-            if (!_result.IsOK())
-                return;
-            _result = _visitor(name, field);
-            _field = name;
-        }
-        const nxErrorEnum& GetResult() const { return _result; }
-        // Logs `message` with the field that failed and why, if one did.
-        const nxErrorEnum& GetResultLogged(const nxLogSite& site, const char* message) const {
-            if (!_result.IsOK())
-                nxWriteLog(site, message, _field, ": ", _result.GetShortDescription());
-            return _result;
-        }
-
-    private:
-        Visitor _visitor;
-        nxErrorEnum _result;
-        std::string _field; // visited last
+        T& _value;
     };
 
     // A number that becomes null when its text is malformed, "NULL" and "NO_CHANGE" included: documents hold
@@ -192,8 +186,8 @@ namespace nxXMLFields {
     public:
         explicit NullIfMalformed(Wrapper& value) : _value(value) {}
 
-        std::string ToText() const { return nxXMLFields::ToText(_value); }
-        nxErrorEnum FromText(const std::string& text) {
+        void AppendText(std::string& text) const { nxXMLFields::AppendText(text, _value); }
+        nxErrorEnum FromText(std::string_view text) {
             auto number = Wrapper::NullValue;
             const nxErrorEnum result = nxStringHelper::SetFromString(text, number);
             _value = result.IsOK() ? number : Wrapper::NullValue;
@@ -204,129 +198,176 @@ namespace nxXMLFields {
         Wrapper& _value;
     };
 
-    // Visitor that reads each field from the next child of that name behind the child that it found before,
-    // or from the first one where it found none before.
-    class NextReader {
-    public:
-        explicit NextReader(const nxXMLElement& parent) : _parent(parent) {}
+    // ---- Visitors
 
-        template <class T>
-        nxErrorEnum operator()(std::string_view name, T&& field) {
-            return ReadValue(Find(name), field);
-        }
-        const nxXMLElement& Find(std::string_view name) {
-            _found = _found.IsValid() ? _parent.FindNextChildElement(name, _found)
-                                      : _parent.FindChildElement(name);
-            return _found;
+    // What becomes of the other fields once a required field or an item of a list has failed.
+    enum class AfterFailure { GoOn, Stop };
+
+    // Writes each field. The sink keeps what could not be carried.
+    class Writer {
+    public:
+        explicit Writer(nxXMLSink& sink, AfterFailure afterFailure = AfterFailure::GoOn)
+            : _sink(sink), _afterFailure(afterFailure) {}
+
+        template <class T, class... Traits>
+        void operator()(std::string_view name, const T& field, const Traits&... /*traits*/) {
+            if (!_sink.IsOK() && (IsRequired<T> || _afterFailure == AfterFailure::Stop))
+                return;
+            if constexpr (IsRequired<T>)
+                Write(name, field.Get());
+            else
+                Write(name, field);
         }
 
     private:
-        const nxXMLElement& _parent;
-        nxXMLElement _found;
+        template <class T>
+        void Write(std::string_view name, const T& field) {
+            if constexpr (HasCondition<T>) {
+                if (!field.IsWritten())
+                    return;
+            }
+            if constexpr (WritesItself<T>)
+                field.WriteTo(_sink, name);
+            else if constexpr (std::convertible_to<const T&, std::string_view>)
+                _sink.Field(name, field);
+            else {
+                _text.clear();
+                AppendText(_text, field);
+                _sink.Field(name, _text);
+            }
+        }
+
+        nxXMLSink& _sink;
+        AfterFailure _afterFailure;
+        std::string _text; // of the value at hand
     };
 
-    // Calls `use` with each child element in document order.
-    template <class Use>
-    void ForEachChild(nxXMLElement parent, Use use) {
-        parent.ResetCurrentChildElement();
-        for (nxXMLElement child = parent.GetNextChildElement(); child.IsValid();
-             child = parent.GetNextChildElement())
-            use(child);
-    }
-
-    // The same for those of one name.
-    template <class Use>
-    void ForEachChild(const nxXMLElement& parent, std::string_view name, Use use) {
-        ForEachChild(parent, [&](nxXMLElement& child) {
-            if (child.HasName(name))
-                use(child);
-        });
-    }
-
-    // Calls `use` with each child from the first one on, as long as they are named `name`, up to the first
-    // failure, which is returned.
-    template <class Use>
-    nxErrorEnum ForEachLeadingChild(nxXMLElement parent, std::string_view name, Use use) {
-        parent.ResetCurrentChildElement();
-        for (nxXMLElement child = parent.GetNextChildElement(name); child.IsValid();
-             child = parent.GetNextChildElement(name)) {
-            const nxErrorEnum result = use(child);
-            if (!result.IsOK())
-                return result;
-        }
-        return nxErrorEnum::OK;
-    }
-
-    // Reads the items of a list: calls `readItem` with each child `itemName` of the first child `listName`,
-    // in document order, up to the first failure, which is returned. Without such a list there are no items.
-    template <class ReadItem>
-    nxErrorEnum ReadList(const nxXMLElement& parent, std::string_view listName, std::string_view itemName,
-                         ReadItem readItem) {
-        nxErrorEnum result;
-        ForEachChild(parent.FindChildElement(listName), itemName, [&](nxXMLElement& child) {
-            if (result.IsOK())
-                result = readItem(child);
-        });
-        return result;
-    }
-
-    // Writes a list: a child `listName`, always, with a child `itemName` for each item, filled by
-    // `writeItem`, up to the first failure, which is returned.
-    template <class Items, class WriteItem>
-    nxErrorEnum WriteList(nxXMLElement& parent, std::string_view listName, std::string_view itemName,
-                          const Items& items, WriteItem writeItem) {
-        nxXMLElement list = parent.AddChildElement(listName);
-        for (const auto& item : items) {
-            nxXMLElement element = list.AddChildElement(itemName);
-            const nxErrorEnum result = writeItem(element, item);
-            if (!result.IsOK())
-                return result;
-        }
-        return nxErrorEnum::OK;
-    }
-
-    // Visitor for ReadInDocumentOrder.
-    class Walk {
+    // What the readers have in common: reads one field from the node that was found for it.
+    class FieldReader {
     public:
-        explicit Walk(const nxXMLElement& parent) : _parent(parent) {
-            _parent.ResetCurrentChildElement();
-            Advance();
+        explicit FieldReader(const nxXMLReadContext& context, AfterFailure afterFailure = AfterFailure::GoOn)
+            : _context(context), _afterFailure(afterFailure) {}
+
+        // That of the first required field, or item of a list, that failed.
+        const nxErrorEnum& GetResult() const { return _result; }
+        // Logs `message` with the field that failed and why, if one did.
+        const nxErrorEnum& GetResultLogged(const nxLogSite& site, const char* message) const {
+            if (!_result.IsOK())
+                nxWriteLog(site, message, std::string(_failed), ": ", _result.GetShortDescription());
+            return _result;
         }
+
+    protected:
+        template <class T>
+        static constexpr bool Counts = IsRequired<T> || IsList<T>;
+
+        template <class T>
+        bool IsWanted() const {
+            return _result.IsOK() || (!Counts<T> && _afterFailure == AfterFailure::GoOn);
+        }
+        template <class T>
+        void Read(const nxXMLNode& node, std::string_view name, T& field) {
+            Take<T>(ReadValue(node, field, _context), name);
+        }
+        template <class T>
+        void ReadChildren(const nxXMLNode& parent, std::string_view name, T& field) {
+            Take<T>(field.ReadFrom(parent, name, _context), name);
+        }
+
+    private:
+        template <class T>
+        void Take(const nxErrorEnum& result, std::string_view name) {
+            if (!Counts<T> || result.IsOK())
+                return;
+            _result = result;
+            _failed = name;
+        }
+
+        const nxXMLReadContext& _context;
+        AfterFailure _afterFailure;
+        nxErrorEnum _result;
+        std::string_view _failed;
+    };
+
+    // Reads each field from the first child of its name.
+    class Reader : public FieldReader {
+    public:
+        explicit Reader(const nxXMLNode& parent, const nxXMLReadContext& context,
+                        AfterFailure afterFailure = AfterFailure::GoOn)
+            : FieldReader(context, afterFailure), _parent(parent) {}
+
+        template <class T>
+        void operator()(std::string_view name, T&& field) {
+            using Field = std::remove_cvref_t<T>;
+            if (!IsWanted<Field>())
+                return;
+            if constexpr (ReadsParent<Field>)
+                ReadChildren(_parent, name, field);
+            else
+                Read(_parent.FindChild(name), name, field);
+        }
+
+    private:
+        nxXMLNode _parent;
+    };
+
+    // Reads each field from the next child of that name behind the child that it found before, or from the
+    // first one where it found none before.
+    class NextReader : public FieldReader {
+    public:
+        explicit NextReader(const nxXMLNode& parent, const nxXMLReadContext& context)
+            : FieldReader(context), _parent(parent) {}
+
+        template <class T>
+        void operator()(std::string_view name, T&& field) {
+            _found = _found.IsValid() ? _found.FindNext(name) : _parent.FindChild(name);
+            Read(_found, name, field);
+        }
+
+    private:
+        nxXMLNode _parent;
+        nxXMLNode _found;
+    };
+
+    // Reads each child, in the document's order, into the field of its name: see ReadInDocumentOrder.
+    class Walk : public FieldReader {
+    public:
+        explicit Walk(const nxXMLNode& parent, const nxXMLReadContext& context)
+            : FieldReader(context), _child(parent.GetFirstChild()) {}
 
         bool AtEnd() const { return !_child.IsValid(); }
-        unsigned int GetPosition() const { return _position; }
-        void Advance() {
-            _child = _parent.GetNextChildElement();
-            ++_position;
-        }
+        const nxXMLNode& GetChild() const { return _child; }
+        void Advance() { _child = _child.GetNext(); }
 
         template <class T, class... Traits>
         void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
-            for (; _child.HasName(name); Advance())
-                ReadValue(_child, field);
+            for (; _child.HasName(name); Advance()) {
+                if (IsWanted<std::remove_cvref_t<T>>())
+                    Read(_child, name, field);
+            }
         }
 
     private:
-        nxXMLElement _parent;
-        nxXMLElement _child;
-        unsigned int _position = 0;
+        nxXMLNode _child;
     };
 
     // Reads all fields of a record from the children of `parent`, in document order: each child goes into the
     // field of its name, so the last of several wins; children of other names are skipped. A field without a
     // child, or with one that has no text or a malformed one, keeps its value. `visitFields` hands the fields
-    // to the visitor it is given.
+    // to the visitor it is given. The result is that of the first item of a list that failed.
     //
     // A round through the fields takes every child that stands in the fields' order, so documents as records
     // write them need one round.
     template <class VisitFields>
-    void ReadInDocumentOrder(const nxXMLElement& parent, VisitFields visitFields) {
-        Walk walk(parent);
+    nxErrorEnum ReadInDocumentOrder(const nxXMLNode& parent, const nxXMLReadContext& context,
+                                    VisitFields visitFields) {
+        Walk walk(parent, context);
         while (!walk.AtEnd()) {
-            const unsigned int before = walk.GetPosition();
+            const nxXMLNode before = walk.GetChild();
             visitFields(walk);
-            if (walk.GetPosition() == before) // no field has that name
+            if (walk.GetChild() == before) // no field has that name
                 walk.Advance();
         }
+        return walk.GetResult();
     }
 } // namespace nxXMLFields

@@ -6,15 +6,11 @@
 #include <unicode/ustring.h>
 
 #include <algorithm>
-#include <limits>
 
 namespace {
     constexpr const char* NotUnicode = "it is not valid UTF-8";
     constexpr const char* NotXML = "it holds a character that XML 1.0 does not allow";
     constexpr const char* TooLong = "it is too long";
-
-    // Sizes cross ICU's interface as int32_t; three bytes of UTF-8 at most come from one unit of UTF-16.
-    constexpr std::size_t MaxUnits = std::numeric_limits<int32_t>::max() / 3;
 
     // XML 1.0, production 2 (Char). Surrogates are not looked at: the strict conversions leave none unpaired.
     constexpr bool IsForbidden(char16_t unit) {
@@ -45,7 +41,7 @@ namespace {
 } // namespace
 
 nxXMLText::nxXMLText(std::string_view utf8) {
-    if (utf8.size() > MaxUnits) {
+    if (utf8.size() > MaxSize) {
         _Refuse(TooLong);
         return;
     }
@@ -70,7 +66,7 @@ nxXMLText::nxXMLText(std::string_view utf8) {
 
 nxXMLText::nxXMLText(const std::wstring& wide) {
     static_assert(sizeof(wchar_t) == sizeof(UChar32));
-    if (wide.size() > MaxUnits / 2) {
+    if (wide.size() > MaxSize / 2) {
         _Refuse(TooLong);
         return;
     }
@@ -105,7 +101,7 @@ void nxXMLText::_Refuse(const char* problem) {
 bool nxXMLTextOut::Convert(std::u16string_view text, std::string& utf8) {
     std::string converted(text.size(), '\0');
     if (!CopyASCII(text.data(), text.size(), converted.data())) {
-        if (text.size() > MaxUnits)
+        if (text.size() > nxXMLText::MaxSize)
             return false;
         converted.resize(text.size() * 3);
         UErrorCode status = U_ZERO_ERROR;
@@ -121,7 +117,7 @@ bool nxXMLTextOut::Convert(std::u16string_view text, std::string& utf8) {
 }
 
 bool nxXMLTextOut::Convert(std::u16string_view text, std::wstring& wide) {
-    if (text.size() > MaxUnits)
+    if (text.size() > nxXMLText::MaxSize)
         return false;
 
     std::wstring converted(text.size(), L'\0');

@@ -4,6 +4,9 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,6 +17,10 @@
 // A text on its way into a document.
 class nxXMLText {
 public:
+    // In bytes. Sizes cross ICU's interface as int32_t; three bytes of UTF-8 at most come from one unit of
+    // UTF-16.
+    static constexpr std::size_t MaxSize = std::numeric_limits<std::int32_t>::max() / 3;
+
     explicit nxXMLText(std::string_view utf8);
     explicit nxXMLText(const std::wstring& wide); // UTF-32
     nxXMLText(const nxXMLText&) = delete;

@@ -24,6 +24,7 @@ public:
     nxXMLNode() = default; // invalid
 
     bool IsValid() const { return _element != nullptr; }
+    bool operator==(const nxXMLNode&) const = default; // whether both are the same element
 
     std::string_view GetName() const;
     bool HasName(std::string_view name) const { return IsValid() && GetName() == name; }
@@ -59,6 +60,7 @@ private:
 // GiB.
 class nxXMLTree {
 public:
+    using Attribute = nxXMLNode::Attribute;
     using Element = nxXMLNode::Element;
 
     nxXMLTree();
@@ -82,8 +84,7 @@ public:
     Element* AddElement(Element* parent, Element* previous, std::string_view name);
     static void SetText(Element& element, std::string_view text);
     // Behind those that the element has; `last` is the last of them, or null.
-    nxXMLNode::Attribute* AddAttribute(Element& element, nxXMLNode::Attribute* last, std::string_view name,
-                                       std::string_view value);
+    Attribute* AddAttribute(Element& element, Attribute* last, std::string_view name, std::string_view value);
     // Memory that lives as long as the tree.
     char* Allocate(std::size_t size);
     // A copy of a text in such memory.

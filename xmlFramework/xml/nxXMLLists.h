@@ -1,0 +1,304 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/xml/nxXMLFields.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+// Lists as fields of records. Private to the library.
+//
+//     field("Limits", ListOf("Limit", record._limits));    // an element "Limits" with an element "Limit" an
+//     item field("UT", Items(record._texts));                   // an element "UT" an item, among the
+//     record's own
+//
+// Items are texts, or records that read and write themselves (nxXMLItem). An item that cannot be read is left
+// out and ends the list; its failure is the list's.
+namespace nxXMLFields {
+    // ---- Which children are items
+
+    // Those of the items' name, whatever stands between them.
+    struct Named {
+        static constexpr bool EndsAtOthers = false;
+        static bool IsItem(const nxXMLNode& child, std::string_view name) { return child.HasName(name); }
+    };
+    // Those of the items' name from the first child on; the first child of another name ends them.
+    struct Leading : Named {
+        static constexpr bool EndsAtOthers = true;
+    };
+    // All, whatever their names. They are written with the items' name.
+    struct Any {
+        static constexpr bool EndsAtOthers = false;
+        static bool IsItem(const nxXMLNode& /*child*/, std::string_view /*name*/) { return true; }
+    };
+    // Those whose name is the items' name and a key: "MICDefinition-XOSL". The first child of another name
+    // ends them. Reading takes the key from the item, whatever stands in the name.
+    struct ByKey {
+        static constexpr bool EndsAtOthers = true;
+        static bool IsItem(const nxXMLNode& child, std::string_view name) {
+            return child.GetName().size() > name.size() && child.GetName().starts_with(name);
+        }
+    };
+    // Those whose name is the items' name and a number, counted from 0: "Leg-0". They are read in the order
+    // of their numbers; the first number that is missing ends them.
+    struct ByNumber {};
+
+    // ---- How containers take and give items
+
+    // A container holds its items, or pointers to them, which may be null.
+    template <class Holder>
+    concept IsPointer = requires {
+        typename Holder::element_type;
+    };
+
+    template <class Holder>
+    auto* ItemOf(Holder& held) {
+        if constexpr (IsPointer<std::remove_const_t<Holder>>)
+            return held.get();
+        else
+            return &held;
+    }
+
+    template <class Holder>
+    Holder NewItem() {
+        if constexpr (!IsPointer<Holder>)
+            return Holder();
+        else if constexpr (std::copyable<Holder>)
+            return std::make_shared<typename Holder::element_type>();
+        else
+            return std::make_unique<typename Holder::element_type>();
+    }
+
+    // The holder in an entry of a container.
+    template <class Key, class Holder>
+    const Holder& HolderOf(const std::pair<const Key, Holder>& entry) {
+        return entry.second;
+    }
+    template <class Holder>
+    Holder& HolderOf(Holder& held) {
+        return held;
+    }
+
+    // A container of items as a list sees it: Holder, Add, and a range of holders. A record's own class may
+    // stand in for one.
+    template <class Container>
+    struct Access {
+        using Holder = typename Container::Holder;
+        static void Add(Container& items, Holder item) { items.Add(std::move(item)); }
+        static decltype(auto) Range(const Container& items) { return items.Range(); }
+    };
+    template <class T>
+    struct Access<std::vector<T>> {
+        using Holder = T;
+        static void Add(std::vector<T>& items, T item) { items.push_back(std::move(item)); }
+        static const std::vector<T>& Range(const std::vector<T>& items) { return items; }
+    };
+    // Those that own items of their own.
+    template <class Container>
+    requires requires(const Container& items) {
+        items.Get().front().get();
+    }
+    struct Access<Container> {
+        using Holder =
+            typename std::remove_cvref_t<decltype(std::declval<const Container&>().Get())>::value_type;
+        static void Add(Container& items, Holder item) { items.Add(std::move(item)); }
+        static const auto& Range(const Container& items) { return items.Get(); }
+    };
+
+    // A map as a container of its items. `keyOf` gives the key under which an item is entered. Of several
+    // items of one key the first stays.
+    template <class Map, class KeyOf>
+    class KeyedBy {
+    public:
+        using Holder = typename Map::mapped_type;
+
+        KeyedBy(KeyOf keyOf, Map& map) : _keyOf(keyOf), _map(map) {}
+
+        void Add(Holder item) {
+            const auto& key = std::invoke(_keyOf, *ItemOf(item));
+            // Documents mostly have their items in order.
+            _map.try_emplace(_map.end(), key, std::move(item));
+        }
+        const Map& Range() const { return _map; }
+
+    private:
+        KeyOf _keyOf;
+        Map& _map;
+    };
+
+    // ---- Items
+
+    inline nxErrorEnum ReadItem(std::string& item, const nxXMLNode& node,
+                                const nxXMLReadContext& /*context*/) {
+        item = node.GetText();
+        return nxErrorEnum::OK;
+    }
+    template <class Item>
+    nxErrorEnum ReadItem(Item& item, const nxXMLNode& node, const nxXMLReadContext& context) {
+        return nxXMLItem::Read(item, node, context);
+    }
+
+    inline void WriteItem(const std::string& item, nxXMLSink& sink, std::string_view name) {
+        sink.Field(name, item);
+    }
+    template <class Item>
+    void WriteItem(Item& item, nxXMLSink& sink, std::string_view name) {
+        sink.Start(name);
+        nxXMLItem::Write(item, sink);
+        sink.End();
+    }
+
+    struct DoNothing {
+        template <class... Arguments>
+        void operator()(const Arguments&... /*arguments*/) const {}
+    };
+
+    // Items among the children of the element that the list is handed.
+    template <class Container, class Children, class OnWrite>
+    class ItemsOf {
+    public:
+        ItemsOf(Container& items, OnWrite onWrite) : _items(items), _onWrite(onWrite) {}
+
+        nxErrorEnum Read(const nxXMLNode& parent, std::string_view name, const nxXMLReadContext& context) {
+            if constexpr (std::same_as<Children, ByNumber>)
+                return ReadByNumber(parent, name, context);
+            else
+                return ReadInOrder(parent, name, context);
+        }
+
+        void Write(nxXMLSink& sink, std::string_view name) const {
+            std::string itemName(name);
+            std::size_t number = 0;
+            for (auto&& entry : Access<Mutable>::Range(_items)) {
+                auto* const item = ItemOf(HolderOf(entry));
+                if (!item)
+                    continue;
+                if constexpr (std::same_as<Children, ByKey>)
+                    itemName.replace(name.size(), std::string::npos, entry.first);
+                if constexpr (std::same_as<Children, ByNumber>) {
+                    itemName.resize(name.size());
+                    nxStringHelper::AppendAsString(itemName, number++);
+                }
+                _onWrite(itemName);
+                WriteItem(*item, sink, itemName);
+            }
+        }
+
+    private:
+        using Mutable = std::remove_const_t<Container>;
+
+        nxErrorEnum ReadOne(const nxXMLNode& node, const nxXMLReadContext& context) {
+            auto item = NewItem<typename Access<Mutable>::Holder>();
+            const nxErrorEnum result = ReadItem(*ItemOf(item), node, context);
+            if (result.IsOK())
+                Access<Mutable>::Add(_items, std::move(item));
+            return result;
+        }
+
+        nxErrorEnum ReadInOrder(const nxXMLNode& parent, std::string_view name,
+                                const nxXMLReadContext& context) {
+            for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
+                if (!Children::IsItem(child, name)) {
+                    if (Children::EndsAtOthers)
+                        break;
+                    continue;
+                }
+                const nxErrorEnum result = ReadOne(child, context);
+                if (!result.IsOK())
+                    return result;
+            }
+            return nxErrorEnum::OK;
+        }
+
+        nxErrorEnum ReadByNumber(const nxXMLNode& parent, std::string_view name,
+                                 const nxXMLReadContext& context) {
+            std::string wanted(name);
+            nxXMLNode child = parent.GetFirstChild();
+            std::unordered_map<std::string_view, nxXMLNode>
+                others; // the first of each name, once one is out of order
+            for (std::size_t number = 0;; ++number) {
+                wanted.resize(name.size());
+                nxStringHelper::AppendAsString(wanted, number);
+                if (others.empty() && !child.HasName(wanted)) {
+                    for (nxXMLNode other = parent.GetFirstChild(); other.IsValid(); other = other.GetNext())
+                        others.try_emplace(other.GetName(), other);
+                }
+                if (!others.empty()) {
+                    const auto found = others.find(wanted);
+                    child = found != others.end() ? found->second : nxXMLNode();
+                }
+                if (!child.IsValid())
+                    return nxErrorEnum::OK;
+                const nxErrorEnum result = ReadOne(child, context);
+                if (!result.IsOK())
+                    return result;
+                child = child.GetNext();
+            }
+        }
+
+        Container& _items;
+        OnWrite _onWrite;
+    };
+
+    // ---- Fields
+
+    // An element with the items in it, always written.
+    template <class Container, class Children, class OnWrite>
+    class List {
+    public:
+        static constexpr bool IsList = true;
+
+        List(std::string_view itemName, Container& items, OnWrite onWrite)
+            : _itemName(itemName), _items(items, onWrite) {}
+
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
+            return _items.Read(node, _itemName, context);
+        }
+        void WriteTo(nxXMLSink& sink, std::string_view name) const {
+            sink.Start(name);
+            _items.Write(sink, _itemName);
+            sink.End();
+        }
+
+    private:
+        std::string_view _itemName;
+        ItemsOf<Container, Children, OnWrite> _items;
+    };
+
+    // Items that stand among the record's own elements, under the field's name.
+    template <class Container, class Children>
+    class InlineList {
+    public:
+        static constexpr bool IsList = true;
+
+        explicit InlineList(Container& items) : _items(items, {}) {}
+
+        nxErrorEnum ReadFrom(const nxXMLNode& parent, std::string_view name,
+                             const nxXMLReadContext& context) {
+            return _items.Read(parent, name, context);
+        }
+        void WriteTo(nxXMLSink& sink, std::string_view name) const { _items.Write(sink, name); }
+
+    private:
+        ItemsOf<Container, Children, DoNothing> _items;
+    };
+
+    // `onWrite` is told each item element's name before the item is written.
+    template <class Children = Named, class Container, class OnWrite = DoNothing>
+    auto ListOf(std::string_view itemName, Container&& items, OnWrite onWrite = {}) {
+        return List<std::remove_reference_t<Container>, Children, OnWrite>(itemName, items, onWrite);
+    }
+    template <class Children = Named, class Container>
+    auto Items(Container&& items) {
+        return InlineList<std::remove_reference_t<Container>, Children>(items);
+    }
+} // namespace nxXMLFields
