@@ -55,9 +55,8 @@ void nxXMLTree::_AddBlock() {
     _end = _next + size;
 }
 
-nxXMLNode::Attribute* nxXMLTree::AddAttribute(Element& element, nxXMLNode::Attribute* last,
-                                              std::string_view name, std::string_view value) {
-    using Attribute = nxXMLNode::Attribute;
+nxXMLTree::Attribute* nxXMLTree::AddAttribute(Element& element, Attribute* last, std::string_view name,
+                                              std::string_view value) {
     auto* const attribute =
         new (_memory.allocate(sizeof(Attribute), alignof(Attribute))) Attribute{name, value, nullptr};
     (last ? last->next : element.attributes) = attribute;

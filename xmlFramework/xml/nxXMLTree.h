@@ -41,6 +41,9 @@ public:
 
     // The empty text for an attribute that is not there.
     std::string_view GetAttribute(std::string_view name) const;
+    // Calls take(name, value) for each attribute, in order.
+    template <class Take>
+    void ForEachAttribute(Take&& take) const;
 
 private:
     friend class nxXMLTree;
@@ -60,6 +63,7 @@ private:
 class nxXMLTree {
 public:
     using Element = nxXMLNode::Element;
+    using Attribute = nxXMLNode::Attribute;
 
     nxXMLTree();
     ~nxXMLTree();
@@ -82,8 +86,7 @@ public:
     Element* AddElement(Element* parent, Element* previous, std::string_view name);
     static void SetText(Element& element, std::string_view text);
     // Behind those that the element has; `last` is the last of them, or null.
-    nxXMLNode::Attribute* AddAttribute(Element& element, nxXMLNode::Attribute* last, std::string_view name,
-                                       std::string_view value);
+    Attribute* AddAttribute(Element& element, Attribute* last, std::string_view name, std::string_view value);
     // Memory that lives as long as the tree.
     char* Allocate(std::size_t size);
     // A copy of a text in such memory.
@@ -129,6 +132,12 @@ inline bool nxXMLNode::HasText() const {
 
 inline std::string_view nxXMLNode::GetText() const {
     return HasText() ? std::string_view(_element->text, _element->textSize) : std::string_view();
+}
+
+template <class Take>
+void nxXMLNode::ForEachAttribute(Take&& take) const {
+    for (const Attribute* it = _element ? _element->attributes : nullptr; it; it = it->next)
+        take(it->name, it->value);
 }
 
 inline nxXMLNode nxXMLNode::GetFirstChild() const {
