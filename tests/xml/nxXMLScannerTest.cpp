@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <thread>
 #include <vector>
@@ -20,6 +21,7 @@ namespace {
     using nxScanComparison::Compare;
     using nxScanComparison::Verdict;
     using Strings = std::vector<std::string>;
+    using Elements = std::vector<nxXMLElement>;
     using namespace std::string_literals;
 
     // Nobody reads why the parser refuses.
@@ -168,6 +170,12 @@ namespace {
         return "<r>" + content + "</r>";
     }
 
+    Strings Rooted(Strings contents) {
+        for (std::string& content : contents)
+            content = Rooted(content);
+        return contents;
+    }
+
     // What the format pages show, and what the library writes of it.
     Strings Records() {
         Strings documents;
@@ -182,28 +190,254 @@ namespace {
         return documents;
     }
 
+    // A document with any texts, as the library writes it.
+    std::string RandomDocument(nxRandomText& random) {
+        nxXMLDocument document;
+        document.CreateDocument("r");
+        Elements elements{document.GetRootElement()};
+        for (unsigned int count = random.Below(12); count > 0; --count) {
+            nxXMLElement& parent = elements[random.Below(static_cast<unsigned int>(elements.size()))];
+            parent.SetAttribute(random.Key(), random.Text());
+            nxXMLElement child = parent.AddChildElement(random.Key());
+            if (random.Flag())
+                child.SetValue(random.Text());
+            else if (random.Flag())
+                child.SetCDATAValue("a section");
+            elements.push_back(child);
+        }
+        std::string xml;
+        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
+        return xml;
+    }
+
+    // Makes something else of documents that there are, mostly something that is nearly well-formed.
+    class Mutator {
+    public:
+        explicit Mutator(unsigned int seed) : _random(seed) {
+            for (const Strings* contents : {&TakenContents, &LeftContents, &RefusedContents})
+                _Add(Rooted(*contents));
+            for (const Strings* documents : {&TakenDocuments, &LeftDocuments, &RefusedDocuments})
+                _Add(*documents);
+            _Add(Records());
+            for (int i = 0; i < 100; ++i)
+                _documents.push_back(RandomDocument(_random));
+        }
+
+        std::string Next() {
+            std::string document = _Any(_documents);
+            for (unsigned int count = 1 + _random.Below(3); count > 0; --count)
+                _Mutate(document);
+            return document;
+        }
+
+    private:
+        void _Add(const Strings& documents) {
+            _documents.insert(_documents.end(), documents.begin(), documents.end());
+        }
+
+        const std::string& _Any(std::span<const std::string> texts) {
+            return texts[_random.Below(static_cast<unsigned int>(texts.size()))];
+        }
+
+        std::size_t _Place(const std::string& text) {
+            return _random.Below(static_cast<unsigned int>(text.size()) + 1);
+        }
+
+        std::string _Part(const std::string& text) {
+            return text.substr(_Place(text), 1 + _random.Below(_random.Flag() ? 4 : 40));
+        }
+
+        void _Mutate(std::string& document) {
+            static const std::string Tokens[] = {"<",
+                                                 ">",
+                                                 "&",
+                                                 "'",
+                                                 "\"",
+                                                 "=",
+                                                 "/",
+                                                 ":",
+                                                 ";",
+                                                 "!",
+                                                 "?",
+                                                 "-",
+                                                 "]",
+                                                 "x",
+                                                 "#",
+                                                 "\t",
+                                                 "\n",
+                                                 "\r",
+                                                 " ",
+                                                 "\r\n",
+                                                 "\0"s,
+                                                 "\x01",
+                                                 "\x1F",
+                                                 "\x7F",
+                                                 "\x80",
+                                                 "\xC2",
+                                                 "\xE2\x82",
+                                                 "\xEF\xBF",
+                                                 "\xFF",
+                                                 "\u0085",
+                                                 "\u00B7",
+                                                 "\u00D7",
+                                                 "\u00E9",
+                                                 "\u2028",
+                                                 "\u4E00",
+                                                 "\uFEFF",
+                                                 "\uFFFD",
+                                                 "\U00010000",
+                                                 "\xED\xA0\x80",
+                                                 "\xEF\xBF\xBE",
+                                                 "]]>",
+                                                 "<!--",
+                                                 "-->",
+                                                 "--",
+                                                 "<![CDATA[",
+                                                 "<?",
+                                                 "?>",
+                                                 "/>",
+                                                 "</",
+                                                 "<r>",
+                                                 "</r>",
+                                                 "<r/>",
+                                                 "<a>",
+                                                 "</a>",
+                                                 "<a/>",
+                                                 " a='1'",
+                                                 "&lt;",
+                                                 "&amp;",
+                                                 "&#13;",
+                                                 "&#x41;",
+                                                 "&#",
+                                                 "&#x",
+                                                 "xml",
+                                                 "<?xml version='1.0'?>",
+                                                 " encoding='UTF-8'",
+                                                 " standalone='no'"};
+            const std::size_t place = _Place(document);
+            switch (_random.Below(7)) {
+            case 0:
+                if (place < document.size())
+                    document[place] = static_cast<char>(document[place] ^ 1 << _random.Below(8));
+                break;
+            case 1:
+                document.erase(place, 1 + _random.Below(_random.Flag() ? 2 : 30));
+                break;
+            case 2: // a part again, elsewhere
+                document.insert(place, _Part(document));
+                break;
+            case 3: // a part of another
+                document.insert(place, _Part(_Any(_documents)));
+                break;
+            case 4: // one goes on as another does
+                document.erase(place);
+                document += _Part(_Any(_documents));
+                break;
+            default:
+                document.insert(place, _Any(Tokens));
+            }
+        }
+
+        nxRandomText _random;
+        Strings _documents;
+    };
+
     void ExpectAll(Verdict verdict, const Strings& documents) {
         EXPECT_FALSE(documents.empty());
         for (const std::string& document : documents)
             EXPECT_EQ(Compare(document), verdict) << testing::PrintToString(document);
     }
 
-    void ExpectAllRooted(Verdict verdict, Strings contents) {
-        for (std::string& content : contents)
-            content = Rooted(content);
-        ExpectAll(verdict, contents);
+    // More for a night: a number from the environment.
+    unsigned long MutationCount() {
+        const char* const count = std::getenv("NX_SCANNER_MUTATIONS");
+        return count ? std::stoul(count) : 100'000;
     }
 } // namespace
 
 TEST_F(nxXMLScannerFill, TakesWhatIsWellFormedAndLeavesTheRest) {
-    ExpectAllRooted(Verdict::BothTake, TakenContents);
-    ExpectAllRooted(Verdict::OnlyParserTakes, LeftContents);
-    ExpectAllRooted(Verdict::NeitherTakes, RefusedContents);
+    ExpectAll(Verdict::BothTake, Rooted(TakenContents));
+    ExpectAll(Verdict::OnlyParserTakes, Rooted(LeftContents));
+    ExpectAll(Verdict::NeitherTakes, Rooted(RefusedContents));
     ExpectAll(Verdict::BothTake, TakenDocuments);
     ExpectAll(Verdict::OnlyParserTakes, LeftDocuments);
     ExpectAll(Verdict::NeitherTakes, RefusedDocuments);
 }
 
-TEST_F(nxXMLScannerFill, TakesTheRecordsOfAllFormatPages) {
+TEST_F(nxXMLScannerFill, TakesWhatTheFormatPagesShowAndTheLibraryWrites) {
     ExpectAll(Verdict::BothTake, Records());
+    nxRandomText random(1);
+    for (int i = 0; i < 1000; ++i) {
+        const std::string document = RandomDocument(random);
+        EXPECT_EQ(Compare(document), Verdict::BothTake) << document;
+    }
 }
+
+// The parser reads 48 kB of bytes and 16 kB of characters at a time.
+TEST_F(nxXMLScannerFill, SeesTheSameAtTheEdgesOfTheParsersBuffers) {
+    struct Padding {
+        std::size_t edge; // in bytes
+        std::string before;
+        std::string repeated;
+        std::string behind;
+    };
+    const Padding Paddings[] = {{16U << 10U, "<r>", "x", ""},
+                                {16U << 10U, "<r><!--", "-x", "-->"},
+                                {48U << 10U, "<r>", "\u00E9", ""}};
+    for (const auto& [edge, before, repeated, behind] : Paddings) {
+        for (const std::string& content : TakenContents) {
+            for (std::size_t shift = 0; shift < content.size() + 8; ++shift) {
+                std::string xml = before;
+                while (xml.size() + behind.size() + shift < edge + 4)
+                    xml += repeated;
+                EXPECT_EQ(Compare(xml + behind + content + "</r>"), Verdict::BothTake)
+                    << content << " at " << edge + 4 - shift;
+            }
+        }
+    }
+}
+
+TEST_F(nxXMLScannerFill, SeesTheSameInManyAttributes) {
+    for (const int count : {2, 15, 16, 17, 18, 1000}) {
+        std::string xml = "<r";
+        for (int i = 0; i < count; ++i)
+            xml += " a" + std::to_string(i) + "='" + std::to_string(i) + "'";
+        EXPECT_EQ(Compare(xml + "/>"), Verdict::BothTake) << count;
+        EXPECT_EQ(Compare(xml + " a" + std::to_string(count - 1) + "=''/>"), Verdict::NeitherTakes) << count;
+        EXPECT_EQ(Compare(xml + " a0=''/>"), Verdict::NeitherTakes) << count;
+    }
+}
+
+TEST_F(nxXMLScannerFill, SeesTheSameAtAnyDepthOnAnOrdinaryStack) {
+    std::thread([] {
+        std::string xml;
+        for (int i = 0; i < 1'000'000; ++i)
+            xml += "<a>";
+        const std::size_t top = xml.size();
+        for (int i = 0; i < 1'000'000; ++i)
+            xml += "</a>";
+        EXPECT_EQ(Compare(xml), Verdict::BothTake);
+        xml.replace(top, 4, "</b>");
+        EXPECT_EQ(Compare(xml), Verdict::NeitherTakes);
+    }).join();
+}
+
+class nxXMLScannerMutations : public nxXMLScannerFill, public testing::WithParamInterface<unsigned int> {};
+
+TEST_P(nxXMLScannerMutations, AreTakenOnlyAsTheParserTakesThem) {
+    Mutator mutator(GetParam());
+    std::array<unsigned long, 4> verdicts{};
+    for (unsigned long left = MutationCount() / 4; left > 0; --left) {
+        const std::string document = mutator.Next();
+        const Verdict verdict = Compare(document);
+        ++verdicts[static_cast<std::size_t>(verdict)];
+        ASSERT_NE(verdict, Verdict::Wrong) << testing::PrintToString(document);
+    }
+    for (const Verdict verdict : {Verdict::BothTake, Verdict::OnlyParserTakes, Verdict::NeitherTakes}) {
+        const unsigned long count = verdicts[static_cast<std::size_t>(verdict)];
+        EXPECT_GT(count, 0U) << testing::PrintToString(verdict);
+        RecordProperty(testing::PrintToString(verdict), std::to_string(count));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(seed, nxXMLScannerMutations, testing::Range(1U, 5U));
