@@ -42,6 +42,9 @@ public:
 
     // The empty text for an attribute that is not there.
     std::string_view GetAttribute(std::string_view name) const;
+    // Calls take(name, value) for each attribute, in order.
+    template <class Take>
+    void ForEachAttribute(Take&& take) const;
 
 private:
     friend class nxXMLTree;
@@ -62,6 +65,7 @@ class nxXMLTree {
 public:
     using Attribute = nxXMLNode::Attribute;
     using Element = nxXMLNode::Element;
+    using Attribute = nxXMLNode::Attribute;
 
     nxXMLTree();
     ~nxXMLTree();
@@ -130,6 +134,12 @@ inline bool nxXMLNode::HasText() const {
 
 inline std::string_view nxXMLNode::GetText() const {
     return HasText() ? std::string_view(_element->text, _element->textSize) : std::string_view();
+}
+
+template <class Take>
+void nxXMLNode::ForEachAttribute(Take&& take) const {
+    for (const Attribute* it = _element ? _element->attributes : nullptr; it; it = it->next)
+        take(it->name, it->value);
 }
 
 inline nxXMLNode nxXMLNode::GetFirstChild() const {

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "xmlFramework/kestrum/nxKestrumUserLimit.h"
+#include "xmlFramework/market/nxOrvalenPriceUsageStatistics.h"
+#include "xmlFramework/xml/nxXMLDataObject.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <regex>
+#include <string>
+#include <vector>
+
+// The documents that the pages of docs/formats show. docs/formats/README.md says how a page marks them.
+namespace nxFormatExamples {
+    inline const std::filesystem::path Folder = NX_SOURCE_DIR "/docs/formats";
+    inline constexpr char IndexPage[] = "README.md";
+
+    inline std::vector<std::string> Pages() {
+        std::vector<std::string> pages;
+        for (const auto& entry : std::filesystem::directory_iterator(Folder)) {
+            if (entry.path().extension() == ".md" && entry.path().filename() != IndexPage)
+                pages.push_back(entry.path().filename().string());
+        }
+        std::ranges::sort(pages);
+        return pages;
+    }
+
+    struct Example {
+        std::string record;    // category code or root element
+        bool isWritten = true; // else a form that is read but not written
+        std::string xml;
+        std::size_t line = 0; // of the fence
+    };
+
+    inline std::vector<Example> ExamplesOf(const std::string& page) {
+        const std::regex fence("```xml ([^ ]+)( read-only)?");
+        std::ifstream file(Folder / page);
+        std::vector<Example> examples;
+        bool isInside = false;
+        std::string line;
+        for (std::size_t number = 1; std::getline(file, line); ++number) {
+            std::smatch match;
+            if (isInside && line == "```")
+                isInside = false;
+            else if (isInside)
+                examples.back().xml += line + "\n";
+            else if (line.starts_with("```xml ")) {
+                EXPECT_TRUE(std::regex_match(line, match, fence)) << page << ": " << line;
+                examples.push_back({match[1], !match[2].matched, "", number});
+                isInside = true;
+            }
+        }
+        EXPECT_FALSE(isInside) << page << " does not close its last example";
+        return examples;
+    }
+
+    inline nxErrorEnum Convert(auto& record, const std::string& xml, std::string& written) {
+        const nxErrorEnum result = record.ConvertFromXML(xml, "");
+        return result.IsOK() ? record.ConvertToXML(written, "") : result;
+    }
+
+    // Reads a document and writes it again.
+    inline nxErrorEnum ReadAndWrite(const std::string& record, const std::string& xml, std::string& written) {
+        if (record == "OPUS") { // not registered
+            nxOrvalenPriceUsageStatistics statistics;
+            return Convert(statistics, xml, written);
+        }
+        if (record == "KestrumUserLimit") { // has no code
+            nxKestrumUserLimit limit;
+            return Convert(limit, xml, written);
+        }
+        unsigned int code = 0;
+        for (const char c : record)
+            code = code << 8 | static_cast<unsigned char>(c);
+        const std::unique_ptr<nxXMLDataObject> object(nxXMLDataObject::CreateInstance(code));
+        if (record.size() != 4 || !object)
+            return nxErrorEnum::InvalidRecord;
+        return Convert(*object, xml, written);
+    }
+} // namespace nxFormatExamples
