@@ -33,14 +33,28 @@ namespace nxClockText {
         return std::chrono::nanoseconds(*nanoseconds);
     }
 
-    std::string FractionText(std::chrono::nanoseconds fraction) {
-        if (fraction == std::chrono::nanoseconds::zero())
-            return {};
+    void AppendDigits(std::string& text, unsigned int number, std::size_t width) {
+        text.append(width, '0');
+        for (auto digit = text.rbegin(); number != 0; number /= 10)
+            *digit++ = static_cast<char>('0' + number % 10);
+    }
 
-        std::string digits = nxStringHelper::GetAsString(static_cast<long long>(fraction.count()));
-        digits.insert(0, NanosecondDigits - digits.size(), '0');
-        while (digits.ends_with("000"))
-            digits.resize(digits.size() - 3);
-        return "." + digits;
+    void AppendTimeOfDay(std::string& text, std::chrono::seconds sinceMidnight) {
+        const auto seconds = static_cast<unsigned int>(sinceMidnight.count());
+        AppendDigits(text, seconds / 3600, 2);
+        text += ':';
+        AppendDigits(text, seconds / 60 % 60, 2);
+        text += ':';
+        AppendDigits(text, seconds % 60, 2);
+    }
+
+    void AppendFraction(std::string& text, std::chrono::nanoseconds fraction) {
+        if (fraction == std::chrono::nanoseconds::zero())
+            return;
+
+        text += '.';
+        AppendDigits(text, static_cast<unsigned int>(fraction.count()), NanosecondDigits);
+        while (text.ends_with("000"))
+            text.resize(text.size() - 3);
     }
 } // namespace nxClockText

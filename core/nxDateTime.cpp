@@ -67,6 +67,15 @@ namespace {
         const std::chrono::minutes ahead = *number / 100 * 1h + *number % 100 * 1min;
         return zone.front() == '-' ? -ahead : ahead;
     }
+
+    void AppendDate(std::string& text, std::chrono::sys_days day, const char* separator) {
+        const std::chrono::year_month_day date(day);
+        nxClockText::AppendDigits(text, static_cast<unsigned int>(static_cast<int>(date.year())), 4);
+        text += separator;
+        nxClockText::AppendDigits(text, static_cast<unsigned int>(date.month()), 2);
+        text += separator;
+        nxClockText::AppendDigits(text, static_cast<unsigned int>(date.day()), 2);
+    }
 } // namespace
 
 nxDateTime::nxDateTime(std::chrono::sys_seconds time, std::chrono::nanoseconds fraction) {
@@ -76,16 +85,44 @@ nxDateTime::nxDateTime(std::chrono::sys_seconds time, std::chrono::nanoseconds f
     _fraction = fraction;
 }
 
-std::string nxDateTime::GetAsString(const char* format) const {
+void nxDateTime::AppendAsString(std::string& text, const char* format) const {
     if (IsNull())
-        return {};
-    return date::format(std::locale::classic(), format, _time);
+        return;
+    if (std::string_view(format) != DocumentFormat) {
+        text += date::format(std::locale::classic(), format, _time);
+        return;
+    }
+
+    const auto midnight = std::chrono::floor<std::chrono::days>(_time);
+    AppendDate(text, midnight, "");
+    text += ':';
+    nxClockText::AppendTimeOfDay(text, _time - midnight);
+}
+
+std::string nxDateTime::GetAsString(const char* format) const {
+    std::string text;
+    AppendAsString(text, format);
+    return text;
+}
+
+void nxDateTime::AppendAsLogString(std::string& text) const {
+    if (IsNull()) {
+        text += "NULL";
+        return;
+    }
+
+    const auto midnight = std::chrono::floor<std::chrono::days>(_time);
+    AppendDate(text, midnight, "-");
+    text += 'T';
+    nxClockText::AppendTimeOfDay(text, _time - midnight);
+    nxClockText::AppendFraction(text, _fraction);
+    text += 'Z';
 }
 
 std::string nxDateTime::GetAsLogString() const {
-    if (IsNull())
-        return "NULL";
-    return GetAsString("%Y-%m-%dT%H:%M:%S") + nxClockText::FractionText(_fraction) + "Z";
+    std::string text;
+    AppendAsLogString(text);
+    return text;
 }
 
 nxErrorEnum nxDateTime::SetFromString(std::string_view text, nxDateTime& value) {

@@ -30,8 +30,10 @@ public:
 
     // The time in a strftime-like format, to the second, with the names of the C locale; the empty text for
     // null.
+    void AppendAsString(std::string& text, const char* format) const;
     std::string GetAsString(const char* format) const;
     // ISO 8601 ("2026-11-21T10:53:00.5Z" style, fraction of three, six or nine digits), or "NULL".
+    void AppendAsLogString(std::string& text) const;
     std::string GetAsLogString() const;
 
     // Reads DocumentFormat and ISO 8601: a date, or a date, "T" and a time, both in extended form

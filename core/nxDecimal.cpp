@@ -45,24 +45,42 @@ nxDecimal::nxDecimal(std::int64_t units, unsigned int fractionDigits) {
     _fractionDigits = static_cast<std::uint8_t>(fractionDigits);
 }
 
-std::string nxDecimal::GetAsString(char decimalSeparator) const {
+void nxDecimal::AppendAsString(std::string& text, char decimalSeparator) const {
     if (IsNull())
-        return {};
+        return;
 
-    std::string digits = nxStringHelper::GetAsString(static_cast<long long>(_units));
+    const auto power = static_cast<std::uint64_t>(PowersOfTen[_fractionDigits]);
+    const auto units = static_cast<std::uint64_t>(_units);
+    const std::uint64_t magnitude = _units < 0 ? 0 - units : units;
+    if (_units < 0)
+        text += '-';
+    nxStringHelper::AppendAsString(text, magnitude / power);
     if (_fractionDigits == 0)
-        return digits;
+        return;
 
-    const std::size_t sign = _units < 0 ? 1 : 0;
-    const std::size_t wanted = std::size_t{_fractionDigits} + 1; // at least one digit before the point
-    if (digits.size() - sign < wanted)
-        digits.insert(sign, wanted - (digits.size() - sign), '0');
-    digits.insert(digits.size() - _fractionDigits, 1, decimalSeparator);
-    return digits;
+    // The power's leading 1 keeps the fraction's zeros and makes room for the separator.
+    const std::size_t point = text.size();
+    nxStringHelper::AppendAsString(text, power + magnitude % power);
+    text[point] = decimalSeparator;
+}
+
+std::string nxDecimal::GetAsString(char decimalSeparator) const {
+    std::string text;
+    AppendAsString(text, decimalSeparator);
+    return text;
+}
+
+void nxDecimal::AppendAsLogString(std::string& text, char decimalSeparator) const {
+    if (IsNull())
+        text += "NULL";
+    else
+        AppendAsString(text, decimalSeparator);
 }
 
 std::string nxDecimal::GetAsLogString(char decimalSeparator) const {
-    return IsNull() ? "NULL" : GetAsString(decimalSeparator);
+    std::string text;
+    AppendAsLogString(text, decimalSeparator);
+    return text;
 }
 
 nxErrorEnum nxDecimal::SetFromString(std::string_view text, char decimalSeparator) {

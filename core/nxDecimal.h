@@ -29,8 +29,10 @@ public:
     void SetNull() { *this = nxDecimal(); }
 
     // The number's digits; the empty text for null.
+    void AppendAsString(std::string& text, char decimalSeparator) const;
     std::string GetAsString(char decimalSeparator) const;
-    // As GetAsString, but "NULL" for null.
+    // The same, but "NULL" for null.
+    void AppendAsLogString(std::string& text, char decimalSeparator) const;
     std::string GetAsLogString(char decimalSeparator) const;
 
     // Reads [-]digits[separator digits]; the empty text is null. Leading zeros and the sign of zero are

@@ -3,6 +3,8 @@
 
 #include "core/nxEnum.h"
 
+#include "core/nxStringHelper.h"
+
 #include <algorithm>
 
 namespace {
@@ -24,19 +26,41 @@ const nxEnumRow* nxEnum::_FindRow() const {
     return FindByValue(_Rows(), _value);
 }
 
+void nxEnum::_Append(std::string& text, std::string_view nxEnumRow::*rowText) const {
+    if (const nxEnumRow* row = _FindRow())
+        text += row->*rowText;
+    else
+        nxStringHelper::AppendAsString(text, _value);
+}
+
+void nxEnum::AppendAsString(std::string& text) const {
+    _Append(text, &nxEnumRow::name);
+}
+
 std::string nxEnum::GetAsString() const {
-    const nxEnumRow* row = _FindRow();
-    return row ? std::string(row->name) : std::to_string(_value);
+    std::string text;
+    AppendAsString(text);
+    return text;
+}
+
+void nxEnum::AppendShortDescription(std::string& text) const {
+    _Append(text, &nxEnumRow::shortDescription);
 }
 
 std::string nxEnum::GetShortDescription() const {
-    const nxEnumRow* row = _FindRow();
-    return row ? std::string(row->shortDescription) : std::to_string(_value);
+    std::string text;
+    AppendShortDescription(text);
+    return text;
+}
+
+void nxEnum::AppendLongDescription(std::string& text) const {
+    _Append(text, &nxEnumRow::longDescription);
 }
 
 std::string nxEnum::GetLongDescription() const {
-    const nxEnumRow* row = _FindRow();
-    return row ? std::string(row->longDescription) : std::to_string(_value);
+    std::string text;
+    AppendLongDescription(text);
+    return text;
 }
 
 bool nxEnum::SetFromString(std::string_view name) {

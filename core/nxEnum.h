@@ -33,6 +33,9 @@ public:
     virtual unsigned int _MaxValue() const = 0;
 
     // The texts of the value. A value without a row of its own gives its decimal digits.
+    void AppendAsString(std::string& text) const;
+    void AppendShortDescription(std::string& text) const;
+    void AppendLongDescription(std::string& text) const;
     std::string GetAsString() const;
     std::string GetShortDescription() const;
     std::string GetLongDescription() const;
@@ -63,6 +66,7 @@ protected:
 
 private:
     const nxEnumRow* _FindRow() const;
+    void _Append(std::string& text, std::string_view nxEnumRow::*rowText) const;
 
     unsigned int _value = UndefinedValue;
 };

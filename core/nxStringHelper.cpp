@@ -16,10 +16,17 @@ namespace {
     constexpr std::string_view WhiteSpace = " \t\n\v\f\r";
 
     template <class Number>
-    std::string NumberText(Number value) {
+    void AppendNumber(std::string& text, Number value) {
         std::array<char, 32> buffer;
         const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value).ptr;
-        return {buffer.data(), end};
+        text.append(buffer.data(), end);
+    }
+
+    template <class Value>
+    std::string TextOf(const Value& value) {
+        std::string text;
+        nxStringHelper::AppendAsString(text, value);
+        return text;
     }
 
     template <class Number>
@@ -40,8 +47,12 @@ namespace {
     }
 } // namespace
 
+void nxStringHelper::AppendAsString(std::string& text, bool value) {
+    text += value ? "true" : "false";
+}
+
 std::string nxStringHelper::GetAsString(bool value) {
-    return value ? "true" : "false";
+    return TextOf(value);
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, bool& value) {
@@ -55,28 +66,52 @@ nxErrorEnum nxStringHelper::SetFromString(std::string_view text, bool& value) {
     return nxErrorEnum::OK;
 }
 
+void nxStringHelper::AppendAsString(std::string& text, int value) {
+    AppendNumber(text, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, unsigned int value) {
+    AppendNumber(text, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, long value) {
+    AppendNumber(text, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, unsigned long value) {
+    AppendNumber(text, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, long long value) {
+    AppendNumber(text, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, unsigned long long value) {
+    AppendNumber(text, value);
+}
+
 std::string nxStringHelper::GetAsString(int value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 std::string nxStringHelper::GetAsString(unsigned int value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 std::string nxStringHelper::GetAsString(long value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 std::string nxStringHelper::GetAsString(unsigned long value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 std::string nxStringHelper::GetAsString(long long value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 std::string nxStringHelper::GetAsString(unsigned long long value) {
-    return NumberText(value);
+    return TextOf(value);
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, int& value) {
@@ -103,8 +138,15 @@ nxErrorEnum nxStringHelper::SetFromString(std::string_view text, unsigned long l
     return ParseNumber(text, value);
 }
 
+void nxStringHelper::AppendAsString(std::string& text, double value) {
+    if (std::isnan(value))
+        text += "nan"; // whatever its sign
+    else
+        AppendNumber(text, value);
+}
+
 std::string nxStringHelper::GetAsString(double value) {
-    return std::isnan(value) ? "nan" : NumberText(value); // whatever its sign
+    return TextOf(value);
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, double& value, char decimalSeparator) {
@@ -128,16 +170,24 @@ nxErrorEnum nxStringHelper::SetFromString(std::string_view text, double& value, 
     return nxErrorEnum::OK;
 }
 
+void nxStringHelper::AppendAsString(std::string& text, const nxEnum& value) {
+    value.AppendAsString(text);
+}
+
 std::string nxStringHelper::GetAsString(const nxEnum& value) {
-    return value.GetAsString();
+    return TextOf(value);
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, nxEnum& value) {
     return value.SetFromString(text) ? nxErrorEnum::OK : nxErrorEnum::ValueNotParsed;
 }
 
+void nxStringHelper::AppendAsString(std::string& text, const nxTime& value) {
+    value.AppendAsString(text);
+}
+
 std::string nxStringHelper::GetAsString(const nxTime& value) {
-    return value.GetAsString();
+    return TextOf(value);
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, nxTime& value) {

@@ -9,11 +9,6 @@ using namespace std::chrono_literals;
 
 namespace {
     constexpr std::size_t WholeSecondsLength = 8; // HH:MM:SS
-
-    void AppendTwoDigits(std::string& text, long number) {
-        text += static_cast<char>('0' + number / 10);
-        text += static_cast<char>('0' + number % 10);
-    }
 } // namespace
 
 nxTime::nxTime(std::chrono::nanoseconds sinceMidnight) {
@@ -21,22 +16,32 @@ nxTime::nxTime(std::chrono::nanoseconds sinceMidnight) {
         _sinceMidnight = sinceMidnight;
 }
 
-std::string nxTime::GetAsString() const {
+void nxTime::AppendAsString(std::string& text) const {
     if (IsNull())
-        return {};
+        return;
 
-    const std::chrono::hh_mm_ss clock(_sinceMidnight);
+    const auto wholeSeconds = std::chrono::floor<std::chrono::seconds>(_sinceMidnight);
+    nxClockText::AppendTimeOfDay(text, wholeSeconds);
+    nxClockText::AppendFraction(text, _sinceMidnight - wholeSeconds);
+}
+
+std::string nxTime::GetAsString() const {
     std::string text;
-    AppendTwoDigits(text, clock.hours().count());
-    text += ':';
-    AppendTwoDigits(text, clock.minutes().count());
-    text += ':';
-    AppendTwoDigits(text, clock.seconds().count());
-    return text + nxClockText::FractionText(clock.subseconds());
+    AppendAsString(text);
+    return text;
+}
+
+void nxTime::AppendAsLogString(std::string& text) const {
+    if (IsNull())
+        text += "NULL";
+    else
+        AppendAsString(text);
 }
 
 std::string nxTime::GetAsLogString() const {
-    return IsNull() ? "NULL" : GetAsString();
+    std::string text;
+    AppendAsLogString(text);
+    return text;
 }
 
 nxErrorEnum nxTime::SetFromString(std::string_view text) {

@@ -25,8 +25,10 @@ public:
 
     // "HH:MM:SS", followed by "." and three, six or nine digits where the time has a fraction of a second;
     // the empty text for null.
+    void AppendAsString(std::string& text) const;
     std::string GetAsString() const;
-    // As GetAsString, but "NULL" for null.
+    // The same, but "NULL" for null.
+    void AppendAsLogString(std::string& text) const;
     std::string GetAsLogString() const;
 
     // Reads HH:MM:SS with an optional "." and one to nine digits; the empty text is null. Any other text

@@ -11,8 +11,15 @@ nxValueStatusEnum nxDoubleValueWrapper::GetStatus() const {
     return IsNoChange() ? nxValueStatusEnum::NoChange : nxValueStatusEnum::Valid;
 }
 
+void nxDoubleValueWrapper::AppendAsString(std::string& text) const {
+    if (IsValid())
+        nxStringHelper::AppendAsString(text, _value);
+}
+
 std::string nxDoubleValueWrapper::GetAsString() const {
-    return IsValid() ? nxStringHelper::GetAsString(_value) : std::string();
+    std::string text;
+    AppendAsString(text);
+    return text;
 }
 
 std::string nxDoubleValueWrapper::GetAsLogString() const {

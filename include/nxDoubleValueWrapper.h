@@ -49,6 +49,7 @@ public:
     }
 
     // The number's text (nxStringHelper::GetAsString); the empty text for null and for no change.
+    void AppendAsString(std::string& text) const;
     std::string GetAsString() const;
     // As GetAsString, but "NO_CHANGE" for no change and, for null, the digits of the reserved value.
     std::string GetAsLogString() const;

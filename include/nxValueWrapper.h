@@ -37,12 +37,18 @@ public:
     constexpr operator T() const { return _value; }
 
     // "NULL", "NO_CHANGE" or the decimal digits.
-    std::string GetAsString() const {
+    void AppendAsString(std::string& text) const {
         if (IsNull())
-            return "NULL";
-        if (IsNoChange())
-            return "NO_CHANGE";
-        return nxStringHelper::GetAsString(_value);
+            text += "NULL";
+        else if (IsNoChange())
+            text += "NO_CHANGE";
+        else
+            nxStringHelper::AppendAsString(text, _value);
+    }
+    std::string GetAsString() const {
+        std::string text;
+        AppendAsString(text);
+        return text;
     }
 
     // Reads what GetAsString writes, and the reserved values' digits; nxErrorEnum::ValueNotParsed for any
