@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <locale>
 #include <optional>
-#include <sstream>
 
 using namespace std::chrono_literals;
 
@@ -18,63 +17,68 @@ namespace {
     constexpr std::chrono::sys_seconds FirstTime = std::chrono::sys_days(std::chrono::year(0) / 1 / 1);
     constexpr std::chrono::sys_seconds EndTime = std::chrono::sys_days(std::chrono::year(10000) / 1 / 1);
 
-    // Fixed-width shapes ('9' stands for any digit), each with the format that reads it. The shapes keep out
-    // what the formats alone would let through: signs, single digits, blanks.
+    constexpr std::string_view DocumentPattern = "00001122:33:44:55";
+    constexpr std::string_view LogPattern = "0000-11-22T33:44:55";
+
     struct Shape {
         std::string_view pattern;
-        const char* format;
         bool hasTime; // only a time of day may be followed by a fraction and a zone
     };
     constexpr Shape Shapes[] = {
-        {"99999999:99:99:99", nxDateTime::DocumentFormat, true},
-        {"9999-99-99T99:99:99", "%Y-%m-%dT%H:%M:%S", true},
-        {"99999999T999999", "%Y%m%dT%H%M%S", true},
-        {"9999-99-99", "%Y-%m-%d", false},
-        {"99999999", "%Y%m%d", false},
+        {DocumentPattern, true}, {LogPattern, true},  {"00001122T334455", true},
+        {"0000-11-22", false},   {"00001122", false},
     };
-
-    bool BeginsWithShape(std::string_view text, std::string_view pattern) {
-        const auto fits = [](char c, char p) { return p == '9' ? c >= '0' && c <= '9' : c == p; };
-        return text.size() >= pattern.size() &&
-               std::ranges::equal(text.substr(0, pattern.size()), pattern, fits);
-    }
-
-    std::optional<std::chrono::sys_seconds> ReadTime(std::string_view text, const char* format) {
-        std::istringstream stream{std::string(text)};
-        stream.imbue(std::locale::classic());
-        date::sys_seconds time;
-        date::from_stream(stream, format, time);
-        if (stream.fail())
-            return std::nullopt;
-        return time;
-    }
+    constexpr std::string_view ZonePatterns[] = {"33:44", "3344", "33"};
 
     // "Z", "+01:00", "-0530", "+01": how far ahead of UTC; nothing for the empty text.
-    std::optional<std::chrono::minutes> ReadZone(std::string_view zone) {
+    std::optional<std::chrono::seconds> ReadZone(std::string_view zone) {
         if (zone.empty() || zone == "Z")
-            return 0min;
+            return 0s;
         if (zone.front() != '+' && zone.front() != '-')
             return std::nullopt;
 
-        std::string digits(zone.substr(1));
-        if (digits.size() == 5 && digits[2] == ':')
-            digits.erase(2, 1);
-        if (digits.size() == 2)
-            digits += "00";
-        const auto number = nxClockText::ReadDigits(digits);
-        if (digits.size() != 4 || !number || *number / 100 > 23 || *number % 100 > 59)
+        const std::string_view clock = zone.substr(1);
+        const auto* const pattern = std::ranges::find(ZonePatterns, clock.size(), &std::string_view::size);
+        if (pattern == std::end(ZonePatterns))
             return std::nullopt;
-        const std::chrono::minutes ahead = *number / 100 * 1h + *number % 100 * 1min;
-        return zone.front() == '-' ? -ahead : ahead;
+        const auto numbers = nxClockText::Read(clock, *pattern);
+        if (!numbers)
+            return std::nullopt;
+        const std::chrono::seconds length = nxClockText::TimeOfDay(*numbers);
+        return zone.front() == '-' ? -length : length;
     }
 
-    void AppendDate(std::string& text, std::chrono::sys_days day, const char* separator) {
-        const std::chrono::year_month_day date(day);
-        nxClockText::AppendDigits(text, static_cast<unsigned int>(static_cast<int>(date.year())), 4);
-        text += separator;
-        nxClockText::AppendDigits(text, static_cast<unsigned int>(date.month()), 2);
-        text += separator;
-        nxClockText::AppendDigits(text, static_cast<unsigned int>(date.day()), 2);
+    // Of a date, or a date and a time, and what stands behind them. Null when there is no such date.
+    nxDateTime PointInTime(const nxClockText::Numbers& numbers, std::string_view behind) {
+        const std::chrono::year_month_day date(
+            std::chrono::year(static_cast<int>(numbers[nxClockText::Year])),
+            std::chrono::month(numbers[nxClockText::Month]), std::chrono::day(numbers[nxClockText::Day]));
+        const std::size_t zoneStart = std::min(behind.find_first_of("Z+-"), behind.size());
+        const auto fraction = nxClockText::ReadFraction(behind.substr(0, zoneStart));
+        const auto zone = ReadZone(behind.substr(zoneStart));
+        if (!date.ok() || !fraction || !zone)
+            return nxDateTime();
+        return nxDateTime(std::chrono::sys_days(date) + nxClockText::TimeOfDay(numbers) - *zone, *fraction);
+    }
+
+    // Null when the text is no point in time.
+    nxDateTime Parse(std::string_view text) {
+        for (const auto& [pattern, hasTime] : Shapes) {
+            const auto numbers = nxClockText::Read(text, pattern);
+            if (numbers && (hasTime || text.size() == pattern.size()))
+                return PointInTime(*numbers, text.substr(pattern.size()));
+        }
+        return nxDateTime();
+    }
+
+    void AppendTime(std::string& text, std::string_view pattern, std::chrono::sys_seconds time) {
+        const auto midnight = std::chrono::floor<std::chrono::days>(time);
+        const std::chrono::year_month_day date(midnight);
+        nxClockText::Numbers numbers = nxClockText::SplitTimeOfDay(time - midnight);
+        numbers[nxClockText::Year] = static_cast<unsigned int>(static_cast<int>(date.year()));
+        numbers[nxClockText::Month] = static_cast<unsigned int>(date.month());
+        numbers[nxClockText::Day] = static_cast<unsigned int>(date.day());
+        nxClockText::Append(text, pattern, numbers);
     }
 } // namespace
 
@@ -88,15 +92,10 @@ nxDateTime::nxDateTime(std::chrono::sys_seconds time, std::chrono::nanoseconds f
 void nxDateTime::AppendAsString(std::string& text, const char* format) const {
     if (IsNull())
         return;
-    if (std::string_view(format) != DocumentFormat) {
+    if (std::string_view(format) == DocumentFormat)
+        AppendTime(text, DocumentPattern, _time);
+    else
         text += date::format(std::locale::classic(), format, _time);
-        return;
-    }
-
-    const auto midnight = std::chrono::floor<std::chrono::days>(_time);
-    AppendDate(text, midnight, "");
-    text += ':';
-    nxClockText::AppendTimeOfDay(text, _time - midnight);
 }
 
 std::string nxDateTime::GetAsString(const char* format) const {
@@ -111,10 +110,7 @@ void nxDateTime::AppendAsLogString(std::string& text) const {
         return;
     }
 
-    const auto midnight = std::chrono::floor<std::chrono::days>(_time);
-    AppendDate(text, midnight, "-");
-    text += 'T';
-    nxClockText::AppendTimeOfDay(text, _time - midnight);
+    AppendTime(text, LogPattern, _time);
     nxClockText::AppendFraction(text, _fraction);
     text += 'Z';
 }
@@ -126,29 +122,10 @@ std::string nxDateTime::GetAsLogString() const {
 }
 
 nxErrorEnum nxDateTime::SetFromString(std::string_view text, nxDateTime& value) {
-    if (text.empty()) {
-        value.SetNull();
-        return nxErrorEnum::OK;
-    }
-
-    const auto* const shape =
-        std::ranges::find_if(Shapes, [text](const Shape& s) { return BeginsWithShape(text, s.pattern); });
-    if (shape == std::end(Shapes))
+    const nxDateTime parsed = Parse(text);
+    if (parsed.IsNull() && !text.empty())
         return nxErrorEnum::ValueNotParsed;
 
-    const std::string_view rest = text.substr(shape->pattern.size());
-    if (!rest.empty() && !shape->hasTime)
-        return nxErrorEnum::ValueNotParsed;
-    const std::size_t zoneStart = std::min(rest.find_first_of("Z+-"), rest.size());
-    const auto time = ReadTime(text.substr(0, shape->pattern.size()), shape->format);
-    const auto fraction = nxClockText::ReadFraction(rest.substr(0, zoneStart));
-    const auto zone = ReadZone(rest.substr(zoneStart));
-    if (!time || !fraction || !zone)
-        return nxErrorEnum::ValueNotParsed;
-
-    const nxDateTime parsed(*time - *zone, *fraction);
-    if (parsed.IsNull())
-        return nxErrorEnum::ValueNotParsed;
     value = parsed;
     return nxErrorEnum::OK;
 }

@@ -5,8 +5,8 @@
 
 #include "core/nxStringHelper.h"
 
-#include <algorithm>
 #include <array>
+#include <limits>
 
 namespace {
     constexpr auto PowersOfTen = [] {
@@ -33,8 +33,17 @@ namespace {
         return {units / power, units % power * PowersOfTen[nxDecimal::MaxFractionDigits - fractionDigits]};
     }
 
-    bool IsDigits(std::string_view text) {
-        return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
+    constexpr std::uint64_t MaxUnits = std::numeric_limits<std::int64_t>::max();
+
+    // Puts the digits behind those of `units`. False when there is none, when something else is among them,
+    // or when they are more than any number can have.
+    bool AddDigits(std::string_view digits, std::uint64_t& units) {
+        for (const char c : digits) {
+            if (c < '0' || c > '9' || units > MaxUnits / 10)
+                return false;
+            units = units * 10 + static_cast<std::uint64_t>(c - '0');
+        }
+        return !digits.empty();
     }
 } // namespace
 
@@ -90,23 +99,24 @@ nxErrorEnum nxDecimal::SetFromString(std::string_view text, char decimalSeparato
     }
 
     const std::size_t point = text.find(decimalSeparator);
-    std::string digits(text.substr(0, point));
-    std::size_t fractionDigits = 0;
-    if (point != std::string_view::npos) {
-        const std::string_view fraction = text.substr(point + 1);
-        if (!IsDigits(fraction) || fraction.size() > MaxFractionDigits)
-            return nxErrorEnum::ValueNotParsed;
-        if (!IsDigits(std::string_view(digits).substr(digits.starts_with('-') ? 1 : 0)))
-            return nxErrorEnum::ValueNotParsed;
-        digits += fraction;
-        fractionDigits = fraction.size();
-    }
+    const bool hasPoint = point != std::string_view::npos;
+    std::string_view whole = text.substr(0, point);
+    const std::string_view fraction = hasPoint ? text.substr(point + 1) : std::string_view();
+    const bool isNegative = whole.starts_with('-');
+    if (isNegative)
+        whole.remove_prefix(1);
 
-    long long units = 0;
-    const nxErrorEnum result = nxStringHelper::SetFromString(digits, units);
-    if (result.IsOK())
-        *this = nxDecimal(units, static_cast<unsigned int>(fractionDigits));
-    return result;
+    std::uint64_t units = 0;
+    if (!AddDigits(whole, units) || fraction.size() > MaxFractionDigits)
+        return nxErrorEnum::ValueNotParsed;
+    if (hasPoint && !AddDigits(fraction, units))
+        return nxErrorEnum::ValueNotParsed;
+    if (units > MaxUnits + (isNegative ? 1 : 0))
+        return nxErrorEnum::ValueNotParsed;
+
+    *this = nxDecimal(static_cast<std::int64_t>(isNegative ? 0 - units : units),
+                      static_cast<unsigned int>(fraction.size()));
+    return nxErrorEnum::OK;
 }
 
 bool operator==(const nxDecimal& left, const nxDecimal& right) {

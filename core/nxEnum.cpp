@@ -7,23 +7,22 @@
 
 #include <algorithm>
 
-namespace {
-    // Rows ascend by value, so the row is found by halving; the data-category and error tables are the
-    // longest.
-    const nxEnumRow* FindByValue(std::span<const nxEnumRow> rows, unsigned int value) {
-        const auto row = std::ranges::lower_bound(rows, value, {}, &nxEnumRow::value);
-        return row != rows.end() && row->value == value ? &*row : nullptr;
-    }
-
-    const nxEnumRow* FindByText(std::span<const nxEnumRow> rows, std::string_view nxEnumRow::*text,
-                                std::string_view wanted) {
-        const auto row = std::ranges::find(rows, wanted, text);
-        return row != rows.end() ? &*row : nullptr;
-    }
-} // namespace
-
+// Rows ascend by value, so the row is found by halving; the data-category and error tables are the longest.
 const nxEnumRow* nxEnum::_FindRow() const {
-    return FindByValue(_Rows(), _value);
+    const std::span<const nxEnumRow> rows = _Rows();
+    const auto row = std::ranges::lower_bound(rows, _value, {}, &nxEnumRow::value);
+    return row != rows.end() && row->value == _value ? &*row : nullptr;
+}
+
+void nxEnum::_Append(std::string& text, std::string_view nxEnumRow::*rowText) const {
+    if (const nxEnumRow* row = _FindRow())
+        text += row->*rowText;
+    else
+        nxStringHelper::AppendAsString(text, _value);
+}
+
+void nxEnum::AppendAsString(std::string& text) const {
+    _Append(text, &nxEnumRow::name);
 }
 
 void nxEnum::_Append(std::string& text, std::string_view nxEnumRow::*rowText) const {
@@ -64,13 +63,21 @@ std::string nxEnum::GetLongDescription() const {
 }
 
 bool nxEnum::SetFromString(std::string_view name) {
-    const nxEnumRow* row = FindByText(_Rows(), &nxEnumRow::name, name);
-    return row && _Set(row->value);
+    return _SetFromText(&nxEnumRow::name, name);
 }
 
 bool nxEnum::SetFromShortDescriptionString(std::string_view shortDescription) {
-    const nxEnumRow* row = FindByText(_Rows(), &nxEnumRow::shortDescription, shortDescription);
-    return row && _Set(row->value);
+    return _SetFromText(&nxEnumRow::shortDescription, shortDescription);
+}
+
+bool nxEnum::_SetFromText(std::string_view nxEnumRow::*rowText, std::string_view text) {
+    const std::span<const nxEnumRow> rows = _Rows();
+    const auto row = std::ranges::find(rows, text, rowText);
+    if (row == rows.end())
+        return false;
+
+    _value = row->value; // the static check beside each table has seen that it is storable
+    return true;
 }
 
 bool nxEnum::IsUndefined() const {

@@ -67,6 +67,7 @@ protected:
 private:
     const nxEnumRow* _FindRow() const;
     void _Append(std::string& text, std::string_view nxEnumRow::*rowText) const;
+    bool _SetFromText(std::string_view nxEnumRow::*rowText, std::string_view text);
 
     unsigned int _value = UndefinedValue;
 };

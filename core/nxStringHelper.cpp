@@ -41,6 +41,18 @@ namespace {
         return nxErrorEnum::OK;
     }
 
+    nxErrorEnum ParseFinite(std::string_view text, double& value) {
+        double parsed = 0;
+        const nxErrorEnum result = ParseNumber(text, parsed);
+        if (!result.IsOK())
+            return result;
+        if (!std::isfinite(parsed))
+            return nxErrorEnum::ValueNotParsed;
+
+        value = parsed;
+        return nxErrorEnum::OK;
+    }
+
     bool EqualsIgnoringCase(std::string_view text, std::string_view lowerCase) {
         const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
         return std::ranges::equal(text, lowerCase, {}, lower);
@@ -150,24 +162,23 @@ std::string nxStringHelper::GetAsString(double value) {
 }
 
 nxErrorEnum nxStringHelper::SetFromString(std::string_view text, double& value, char decimalSeparator) {
-    std::string pointed;
-    if (decimalSeparator != '.') {
-        if (text.find('.') != std::string_view::npos)
-            return nxErrorEnum::ValueNotParsed;
-        pointed = text;
-        std::ranges::replace(pointed, decimalSeparator, '.');
-        text = pointed;
-    }
-
-    double parsed = 0;
-    const nxErrorEnum result = ParseNumber(text, parsed);
-    if (!result.IsOK())
-        return result;
-    if (!std::isfinite(parsed))
+    if (decimalSeparator == '.')
+        return ParseFinite(text, value);
+    if (text.find('.') != std::string_view::npos)
         return nxErrorEnum::ValueNotParsed;
 
-    value = parsed;
-    return nxErrorEnum::OK;
+    std::array<char, 64> buffer; // longer than what AppendAsString writes
+    if (text.size() > buffer.size()) {
+        std::string pointed(text);
+        std::ranges::replace(pointed, decimalSeparator, '.');
+        return ParseFinite(pointed, value);
+    }
+    std::ranges::replace_copy(text, buffer.data(), decimalSeparator, '.');
+    return ParseFinite({buffer.data(), text.size()}, value);
+}
+
+void nxStringHelper::AppendAsString(std::string& text, const nxEnum& value) {
+    value.AppendAsString(text);
 }
 
 void nxStringHelper::AppendAsString(std::string& text, const nxEnum& value) {
@@ -204,6 +215,11 @@ void nxStringHelper::LeftTrim(std::string& text) {
 
 void nxStringHelper::RightTrim(std::string& text) {
     text.erase(text.find_last_not_of(WhiteSpace) + 1); // npos + 1 is 0: all white space
+}
+
+std::string_view nxStringHelper::Trimmed(std::string_view text) {
+    text = text.substr(0, text.find_last_not_of(WhiteSpace) + 1);
+    return text.substr(std::min(text.find_first_not_of(WhiteSpace), text.size()));
 }
 
 std::string nxStringHelper::GetRightTrimmed(std::string_view text) {

@@ -68,7 +68,8 @@ public:
     // White space is blank, tab, line feed, vertical tab, form feed and carriage return.
     static void LeftTrim(std::string& text);
     static void RightTrim(std::string& text);
-    static std::string GetRightTrimmed(std::string_view text);
+    [[nodiscard]] static std::string_view Trimmed(std::string_view text); // on both sides
+    [[nodiscard]] static std::string GetRightTrimmed(std::string_view text);
 
     // Replaces every occurrence of `from`, found from left to right, by `to`. An empty `from` replaces
     // nothing. Takes time linear in the length of the text and of the result.

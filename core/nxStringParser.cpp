@@ -3,17 +3,11 @@
 
 #include "core/nxStringParser.h"
 
+#include <algorithm>
+
 void nxStringParser::ExtractAllSubstrings(std::string_view text, std::vector<std::string>& parts,
                                           std::size_t start, char separator) {
     parts.clear();
-    if (start >= text.size())
-        return;
-
-    for (;;) {
-        const std::size_t end = text.find(separator, start);
-        parts.emplace_back(text.substr(start, end - start));
-        if (end == std::string_view::npos)
-            return;
-        start = end + 1;
-    }
+    ForEachSubstring(text.substr(std::min(start, text.size())), separator,
+                     [&parts](std::string_view part) { parts.emplace_back(part); });
 }

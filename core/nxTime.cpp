@@ -8,7 +8,7 @@
 using namespace std::chrono_literals;
 
 namespace {
-    constexpr std::size_t WholeSecondsLength = 8; // HH:MM:SS
+    constexpr std::string_view Pattern = "33:44:55";
 } // namespace
 
 nxTime::nxTime(std::chrono::nanoseconds sinceMidnight) {
@@ -21,7 +21,7 @@ void nxTime::AppendAsString(std::string& text) const {
         return;
 
     const auto wholeSeconds = std::chrono::floor<std::chrono::seconds>(_sinceMidnight);
-    nxClockText::AppendTimeOfDay(text, wholeSeconds);
+    nxClockText::Append(text, Pattern, nxClockText::SplitTimeOfDay(wholeSeconds));
     nxClockText::AppendFraction(text, _sinceMidnight - wholeSeconds);
 }
 
@@ -49,16 +49,14 @@ nxErrorEnum nxTime::SetFromString(std::string_view text) {
         SetNull();
         return nxErrorEnum::OK;
     }
-    if (text.size() < WholeSecondsLength || text[2] != ':' || text[5] != ':')
+
+    const auto numbers = nxClockText::Read(text, Pattern);
+    if (!numbers)
+        return nxErrorEnum::ValueNotParsed;
+    const auto fraction = nxClockText::ReadFraction(text.substr(Pattern.size()));
+    if (!fraction)
         return nxErrorEnum::ValueNotParsed;
 
-    const auto hours = nxClockText::ReadDigits(text.substr(0, 2));
-    const auto minutes = nxClockText::ReadDigits(text.substr(3, 2));
-    const auto seconds = nxClockText::ReadDigits(text.substr(6, 2));
-    const auto fraction = nxClockText::ReadFraction(text.substr(WholeSecondsLength));
-    if (!hours || !minutes || !seconds || !fraction || *hours > 23 || *minutes > 59 || *seconds > 59)
-        return nxErrorEnum::ValueNotParsed;
-
-    _sinceMidnight = *hours * 1h + *minutes * 1min + *seconds * 1s + *fraction;
+    _sinceMidnight = nxClockText::TimeOfDay(*numbers) + *fraction;
     return nxErrorEnum::OK;
 }

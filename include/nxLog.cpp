@@ -27,31 +27,37 @@ nxLog& nxLog::operator<<(const nxLogCharLenPair& text) {
 }
 
 nxLog& nxLog::operator<<(int value) {
-    return *this << nxStringHelper::GetAsString(value);
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(unsigned int value) {
-    return *this << nxStringHelper::GetAsString(value);
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(unsigned long long value) {
-    return *this << nxStringHelper::GetAsString(value);
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(short value) {
-    return *this << nxStringHelper::GetAsString(int{value});
+    return *this << int{value};
 }
 
 nxLog& nxLog::operator<<(const nxEnum& value) {
-    return *this << value.GetAsString();
+    value.AppendAsString(_entry);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(const nxUnsignedValueWrapper& value) {
-    return *this << value.GetAsString();
+    value.AppendAsString(_entry);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(const nxIntValueWrapper& value) {
-    return *this << value.GetAsString();
+    value.AppendAsString(_entry);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(const nxLogDestinationUserID& destination) {

@@ -1,19 +1,28 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "xmlFramework/xml/nxXMLFields.h"
-
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxRecordText.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLLists.h"
+#include "xmlFramework/xml/nxXMLScanner.h"
+#include "xmlFramework/xml/nxXMLTextSink.h"
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
+using nxRecordText::Element;
 using nxRecordText::Elements;
 
 namespace {
+    using namespace nxXMLFields;
+
+    const std::string NoPrefix;
+    const nxXMLReadContext Context{NoPrefix};
+
     // A record with a field of each kind, stated as records state them.
     struct Sample {
         std::string text = "before";
@@ -32,15 +41,47 @@ namespace {
             field("Wrapper", record.wrapper);
             field("Time", record.time);
         }
-        nxErrorEnum ConvertFromXML(const nxXMLElement& element) {
-            nxXMLFields::ReadInDocumentOrder(element, [this](auto& reader) { Visit(*this, reader); });
-            return nxErrorEnum::OK;
+        nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+            return ReadInDocumentOrder(node, context, [this](auto& field) { Visit(*this, field); });
         }
-        nxErrorEnum ConvertToXML(nxXMLElement& element) const {
-            Visit(*this, nxXMLFields::Writer(element));
-            return nxErrorEnum::OK;
-        }
+        void _Write(nxXMLSink& sink) const { Visit(*this, Writer(sink)); }
     };
+
+    // An item with a key, which it cannot do without.
+    struct Item {
+        std::string key;
+
+        nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+            Reader reader(node, context);
+            reader("Key", Required(key));
+            return reader.GetResult();
+        }
+        void _Write(nxXMLSink& sink) const { Writer(sink)("Key", key); }
+    };
+
+    // A document of the root "r" with these children.
+    class Document {
+    public:
+        explicit Document(const std::string& children) : _xml(Element("r", children)) {
+            EXPECT_TRUE(nxXMLScanner::Fill(_tree, _xml)) << children;
+        }
+        nxXMLNode Root() const { return _tree.GetRoot(); }
+
+    private:
+        std::string _xml;
+        nxXMLTree _tree;
+    };
+
+    // What `write` writes below the root.
+    template <class Write>
+    std::string Written(Write write) {
+        std::string xml;
+        nxXMLTextSink sink(xml);
+        write(sink);
+        sink.Flush();
+        EXPECT_TRUE(sink.IsOK()) << sink.GetProblem();
+        return xml;
+    }
 } // namespace
 
 TEST(nxXMLFieldsReadInDocumentOrder, TakesEachChildIntoTheFieldOfItsName) {
@@ -61,43 +102,112 @@ TEST(nxXMLFieldsReadInDocumentOrder, TakesEachChildIntoTheFieldOfItsName) {
     };
     for (const auto& [children, written] : cases) {
         Sample sample;
-        EXPECT_EQ(nxRecordText::ReadItem(sample, children), nxErrorEnum::OK);
-        EXPECT_EQ(nxRecordText::WrittenItem(sample), Elements(written)) << children;
+        EXPECT_EQ(sample._Read(Document(children).Root(), Context), nxErrorEnum::OK);
+        EXPECT_EQ(Written([&](nxXMLSink& sink) { sample._Write(sink); }), Elements(written)) << children;
     }
 }
 
-TEST(nxXMLFieldsReadChild, ReadsTheFirstChildOfTheNameAndTellsWhatItFound) {
-    nxXMLDocument document;
-    ASSERT_EQ(document.LoadFromString("<r><a>1</a><a>2</a><b>x</b><c/></r>"), nxErrorEnum::OK);
-    const nxXMLElement root = document.GetRootElement();
-    unsigned int number = 0;
-    EXPECT_EQ(nxXMLFields::ReadChild(root, "a", number), nxErrorEnum::OK);
-    EXPECT_EQ(number, 1U);
-    EXPECT_EQ(nxXMLFields::ReadChild(root, "b", number), nxErrorEnum::ValueNotParsed);
-    EXPECT_EQ(nxXMLFields::ReadChild(root, "c", number), nxErrorEnum::ValueNotFound);
-    EXPECT_EQ(nxXMLFields::ReadChild(root, "d", number), nxErrorEnum::ValueNotFound);
-    EXPECT_EQ(number, 1U);
+TEST(nxXMLFieldsReader, ReadsTheFirstChildAndKeepsTheFailureOfWhatIsRequired) {
+    const Document document("<a>1</a><a>2</a><b>x</b><c/>");
+    const auto read = [&document](const char* required, AfterFailure afterFailure) {
+        unsigned int number = 0;
+        unsigned int other = 0;
+        unsigned int last = 0;
+        Reader reader(document.Root(), Context, afterFailure);
+        reader(required, Required(number));
+        reader("a", Required(other)); // not once something required has failed
+        reader("a", last);
+        reader("b", last);
+        return std::tuple(reader.GetResult().GetEnumValue(), number, other, last);
+    };
+    EXPECT_EQ(read("a", AfterFailure::GoOn), std::tuple(nxErrorEnum::OK, 1U, 1U, 1U));
+    EXPECT_EQ(read("b", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotParsed, 0U, 0U, 1U));
+    EXPECT_EQ(read("c", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotFound, 0U, 0U, 1U));
+    EXPECT_EQ(read("d", AfterFailure::Stop), std::tuple(nxErrorEnum::ValueNotFound, 0U, 0U, 0U));
 }
 
 TEST(nxXMLFieldsNextReader, LooksBehindTheChildItFoundAndFromTheFirstWhereItFoundNone) {
-    nxXMLDocument document;
-    ASSERT_EQ(document.LoadFromString("<r><a>1</a><b>x</b><a>2</a><b>3</b></r>"), nxErrorEnum::OK);
-    const nxXMLElement root = document.GetRootElement();
-    nxXMLFields::NextReader reader(root);
+    const Document document("<a>1</a><b>x</b><a>2</a><b>3</b>");
+    NextReader reader(document.Root(), Context);
     unsigned int number = 0;
     const struct {
         const char* name;
-        unsigned int result;
         unsigned int number;
     } steps[] = {
-        {"b", nxErrorEnum::ValueNotParsed, 0}, // found all the same
-        {"a", nxErrorEnum::OK, 2},
-        {"b", nxErrorEnum::OK, 3},
-        {"a", nxErrorEnum::ValueNotFound, 3},
-        {"a", nxErrorEnum::OK, 1},
+        {"b", 0},                     // malformed, but found all the same
+        {"a", 2}, {"b", 3}, {"a", 3}, // none behind it
+        {"a", 1},
     };
-    for (const auto& [name, result, expected] : steps) {
-        EXPECT_EQ(reader(name, number), result) << name;
+    for (const auto& [name, expected] : steps) {
+        reader(name, number);
         EXPECT_EQ(number, expected) << name;
     }
+}
+
+TEST(nxXMLFieldsLists, TakeTheChildrenThatTheirKindTakes) {
+    const std::string children = Elements("x=1 x= y=2 x=3 k-=4 k-b=5 k-a=6 y=7 k-c=8");
+    const auto read = [&](auto kind, const char* name, const std::string& before = "") {
+        std::vector<std::string> items;
+        Reader reader(Document("<l>" + before + children + "</l>").Root(), Context);
+        reader("l", ListOf<decltype(kind)>(name, items));
+        reader("m", ListOf<decltype(kind)>(name, items)); // is not there, which is no failure
+        EXPECT_EQ(reader.GetResult(), nxErrorEnum::OK);
+        return items;
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(read(Named(), "x"), (Texts{"1", "", "3"}));
+    EXPECT_EQ(read(Leading(), "x"), (Texts{"1", ""}));
+    EXPECT_EQ(read(Leading(), "y"), (Texts{}));
+    EXPECT_EQ(read(Any(), "x"), (Texts{"1", "", "2", "3", "4", "5", "6", "7", "8"}));
+    EXPECT_EQ(read(ByKey(), "k-"), (Texts{}));
+    EXPECT_EQ(read(ByKey(), "k-", Elements("k-z=0 k-zz=9")), (Texts{"0", "9"}));
+}
+
+TEST(nxXMLFieldsLists, ByNumberTakeTheFirstOfEachNumberInOrder) {
+    const struct {
+        const char* children;
+        std::vector<std::string> items;
+    } cases[] = {
+        {"", {}},
+        {"n-0=a n-1=b n-2=c", {"a", "b", "c"}},
+        {"n-1=b n-0=a x=y n-2=c", {"a", "b", "c"}},
+        {"n-0=a n-0=x n-1=b n-1=y", {"a", "b"}},
+        {"n-1=first n-0=a n-1=second", {"a", "first"}},
+        {"n-0=a n-2=c", {"a"}},
+        {"n-1=b n-00=x", {}},
+        {"n-0=a n-1=b n-10=x n-9=x", {"a", "b"}},
+    };
+    for (const auto& [children, expected] : cases) {
+        std::vector<std::string> items;
+        Reader(Document(Element("l", Elements(children))).Root(), Context)("l",
+                                                                           ListOf<ByNumber>("n-", items));
+        EXPECT_EQ(items, expected) << children;
+    }
+}
+
+TEST(nxXMLFieldsLists, EndAtAnItemThatCannotBeReadAndPassItsFailureOn) {
+    const std::string item = Element("i", Elements("Key=k"));
+    std::map<std::string, Item> items;
+    Reader reader(Document(Element("l", item + "<i><Key/></i>" + Element("i", Elements("Key=late")))).Root(),
+                  Context);
+    reader("l", ListOf("i", KeyedBy(&Item::key, items)));
+    EXPECT_EQ(reader.GetResult(), nxErrorEnum::ValueNotFound);
+    ASSERT_EQ(items.size(), 1U);
+    EXPECT_EQ(items.begin()->first, "k");
+}
+
+TEST(nxXMLFieldsLists, AreWrittenWithoutNullPointers) {
+    std::vector<std::unique_ptr<Item>> numbered(3);
+    numbered[0] = std::make_unique<Item>(Item{"a"});
+    numbered[2] = std::make_unique<Item>(Item{"b"});
+    std::map<std::string, std::shared_ptr<Item>> keyed{{"n", nullptr},
+                                                       {"o", std::make_shared<Item>(Item{"c"})}};
+    EXPECT_EQ(Written([&](nxXMLSink& sink) {
+                  Writer write(sink);
+                  write("l", ListOf<ByNumber>("n-", numbered));
+                  write("m", ListOf<ByKey>("k-", KeyedBy(&Item::key, keyed)));
+                  write("Key", Items(std::vector<std::string>{"d", ""}));
+              }),
+              Element("l", Element("n-0", Elements("Key=a")) + Element("n-1", Elements("Key=b"))) +
+                  Element("m", Element("k-o", Elements("Key=c"))) + Elements("Key=d Key="));
 }

@@ -65,7 +65,6 @@ class nxXMLTree {
 public:
     using Attribute = nxXMLNode::Attribute;
     using Element = nxXMLNode::Element;
-    using Attribute = nxXMLNode::Attribute;
 
     nxXMLTree();
     ~nxXMLTree();
