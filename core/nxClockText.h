@@ -5,7 +5,6 @@
 
 #include <array>
 #include <chrono>
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,12 +28,6 @@ namespace nxClockText {
 
     // ".5", ".500" and ".500000000" are half a second each; the empty text is none.
     std::optional<std::chrono::nanoseconds> ReadFraction(std::string_view text);
-
-    // The number's decimal digits, with zeros before them up to the width.
-    void AppendDigits(std::string& text, unsigned int number, std::size_t width);
-
-    // "HH:MM:SS"
-    void AppendTimeOfDay(std::string& text, std::chrono::seconds sinceMidnight);
 
     // The shortest of three, six and nine digits that holds the fraction, after a point; nothing for zero.
     void AppendFraction(std::string& text, std::chrono::nanoseconds fraction);

@@ -25,17 +25,6 @@ void nxEnum::AppendAsString(std::string& text) const {
     _Append(text, &nxEnumRow::name);
 }
 
-void nxEnum::_Append(std::string& text, std::string_view nxEnumRow::*rowText) const {
-    if (const nxEnumRow* row = _FindRow())
-        text += row->*rowText;
-    else
-        nxStringHelper::AppendAsString(text, _value);
-}
-
-void nxEnum::AppendAsString(std::string& text) const {
-    _Append(text, &nxEnumRow::name);
-}
-
 std::string nxEnum::GetAsString() const {
     std::string text;
     AppendAsString(text);

@@ -181,10 +181,6 @@ void nxStringHelper::AppendAsString(std::string& text, const nxEnum& value) {
     value.AppendAsString(text);
 }
 
-void nxStringHelper::AppendAsString(std::string& text, const nxEnum& value) {
-    value.AppendAsString(text);
-}
-
 std::string nxStringHelper::GetAsString(const nxEnum& value) {
     return TextOf(value);
 }
