@@ -21,7 +21,9 @@ public:
     // Tells where in the input a row stands.
     struct Row {
         nxCSVFileRow columns;
-        unsigned int line; // on which the row begins, counted from 1
+        unsigned int line = 0; // on which the row begins, counted from 1
+
+        bool operator==(const Row&) const = default;
     };
 
     nxCSVFileReader() = default; // separator ',', no header row, no comments
@@ -34,8 +36,8 @@ public:
     // cannot be read, with the rows held before untouched, or when some row breaks the rules of quoting: such
     // rows stand in GetUnusableLines with the line on which they begin, and all others are there. Behind such
     // a row the reading goes on with its second line, whatever that may be.
-    nxErrorEnum ReadFile(const std::string& path);
-    nxErrorEnum ReadString(std::string_view text);
+    [[nodiscard]] nxErrorEnum ReadFile(const std::string& path);
+    [[nodiscard]] nxErrorEnum ReadString(std::string_view text);
 
     const nxCSVFileRow& GetHeader() const { return _header; } // without columns unless hasHeaderRow
     const std::vector<Row>& GetRows() const { return _rows; }

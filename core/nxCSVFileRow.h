@@ -19,6 +19,8 @@ public:
     void AddColumn(const std::string& text) { _columns.push_back(text); }
     void Clear() { _columns.clear(); }
 
+    bool operator==(const nxCSVFileRow&) const = default;
+
 private:
     std::vector<std::string> _columns;
 };
