@@ -205,7 +205,7 @@ MICRegister tool::ReadMICRegister(std::string_view csv, std::optional<TextEncodi
     result.encoding = encoding ? *encoding : DetectEncoding(csv);
 
     nxCSVFileReader reader(',', true, nullptr);
-    reader.ReadString(csv);
+    static_cast<void>(reader.ReadString(csv)); // what it could not use stands in the result, line by line
     for (const unsigned int line : reader.GetUnusableLines())
         result.unusableRows.push_back({line, "the quotes do not match", {}});
 

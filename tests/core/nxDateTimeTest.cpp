@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
 
 using namespace std::chrono_literals;
 
@@ -56,6 +57,24 @@ TEST(nxDateTimeSetFromString, LeavesTheValueUntouchedForAnyOtherText) {
     expectRefused("2026-11-21 10:53:00");
     expectRefused("0000-01-01T00:00:00+00:01");
     expectRefused("9999-12-31T23:59:59-00:01");
+}
+
+TEST(nxDateTimeProperty, AnyTimeIsWrittenAsItsFormatSaysAndReadsBack) {
+    std::mt19937_64 random(1);
+    const std::chrono::sys_seconds first = std::chrono::sys_days(std::chrono::year(0) / 1 / 1);
+    const std::chrono::sys_seconds end = std::chrono::sys_days(std::chrono::year(10000) / 1 / 1);
+    std::uniform_int_distribution<long> seconds(0, (end - first) / 1s - 1);
+    for (int i = 0; i < 10'000; ++i) {
+        const nxDateTime value(first + seconds(random) * 1s);
+        const std::string text = value.GetAsString(nxDateTime::DocumentFormat);
+        // Not the documents' format, so it goes the way of all others.
+        ASSERT_EQ(text + ".", value.GetAsString("%Y%m%d:%H:%M:%S."));
+        for (const std::string& written : {text, value.GetAsLogString()}) {
+            nxDateTime read;
+            ASSERT_EQ(nxDateTime::SetFromString(written, read), nxErrorEnum::OK) << written;
+            ASSERT_EQ(read, value) << written;
+        }
+    }
 }
 
 TEST(nxDateTimeConstruction, OutsideTheYearsOrTheSecondGivesNull) {

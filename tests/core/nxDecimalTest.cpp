@@ -59,6 +59,7 @@ TEST(nxDecimalText, UsesTheGivenSeparatorOnlyAndIsEmptyForNull) {
     EXPECT_EQ(value.GetAsString(','), "1,50");
     EXPECT_EQ(value.GetAsLogString('.'), "1.50");
     EXPECT_EQ(value.SetFromString("2.5", ','), nxErrorEnum::ValueNotParsed);
+    EXPECT_EQ(value.SetFromString("-5", '-'), nxErrorEnum::ValueNotParsed);
     EXPECT_EQ(value.SetFromString("", ','), nxErrorEnum::OK);
     EXPECT_EQ(value, nxDecimal(1, nxDecimal::MaxFractionDigits + 1));
     EXPECT_EQ(value.GetAsLogString('.'), "NULL");

@@ -20,6 +20,7 @@
 #include "include/nxMultiLegReportingTypeEnum.h"
 #include "include/nxPositionTypeEnum.h"
 #include "include/nxTradingCapacityEnum.h"
+#include "tests/support/nxIsValue.h"
 
 #include <gtest/gtest.h>
 
@@ -35,7 +36,9 @@ namespace {
 } // namespace
 
 template <class Enum>
-class nxEnumOfAnyClass : public testing::Test {};
+class nxEnumOfAnyClass : public testing::Test {
+    static_assert(nxIsValue<Enum>);
+};
 
 using nxEnumClasses =
     testing::Types<nxBoolEnum, nxDataCategoryEnum, nxExecutionRestrictionEnum, nxKestrumParameterTypeEnum,

@@ -90,6 +90,9 @@ TEST(nxStringHelperDouble, RefusesWhateverIsNoFiniteNumberInTheGivenNotation) {
     EXPECT_EQ(nxStringHelper::SetFromString("-1,25e2", value, ','), nxErrorEnum::OK);
     EXPECT_EQ(value, -125);
     EXPECT_EQ(nxStringHelper::SetFromString("1.5", value, ','), nxErrorEnum::ValueNotParsed);
+    const std::string zeros(100, '0');
+    EXPECT_EQ(nxStringHelper::SetFromString("-" + zeros + "125," + zeros, value, ','), nxErrorEnum::OK);
+    EXPECT_EQ(value, -125);
     for (const char* text : {"", "abc", "1.5x", " 1", "1 ", "+1", "1,5", "0x1p3", "inf", "-inf", "nan", "NAN",
                              ".", "-", "e5", "1e", "1e400"}) {
         EXPECT_EQ(nxStringHelper::SetFromString(text, value, '.'), nxErrorEnum::ValueNotParsed) << text;
@@ -116,6 +119,8 @@ TEST(nxStringHelperTrim, TakesAsciiWhiteSpaceFromItsOwnSideOnly) {
         nxStringHelper::RightTrim(rightTrimmed);
         EXPECT_EQ(rightTrimmed, right);
         EXPECT_EQ(nxStringHelper::GetRightTrimmed(text), right);
+        nxStringHelper::RightTrim(leftTrimmed);
+        EXPECT_EQ(nxStringHelper::Trimmed(text), leftTrimmed);
     }
 }
 
