@@ -56,7 +56,10 @@ namespace {
             reader("Key", Required(key));
             return reader.GetResult();
         }
-        void _Write(nxXMLSink& sink) const { Writer(sink)("Key", key); }
+        void _Write(nxXMLSink& sink) const {
+            Writer writer(sink);
+            writer("Key", key);
+        }
     };
 
     // A document of the root "r" with these children.

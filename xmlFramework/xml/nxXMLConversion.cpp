@@ -7,6 +7,8 @@
 #include "xmlFramework/xml/nxXMLDOMTree.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
 #include "xmlFramework/xml/nxXMLElementSink.h"
+#include "xmlFramework/xml/nxXMLScanner.h"
+#include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLTextSink.h"
 
 namespace {
@@ -43,6 +45,11 @@ namespace {
 
 nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
                                   const std::string& logPrefix, const char* message) {
+    if (nxXMLScanner::Fill(tree, xml)) {
+        nxXMLSession::Get().NextBufferNumber(); // so that later messages of the parser have the same numbers
+        return nxErrorEnum::OK;
+    }
+
     nxXMLDocument document;
     const nxErrorEnum result = document.LoadFromString(xml);
     if (result.IsOK())

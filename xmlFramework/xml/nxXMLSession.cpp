@@ -40,13 +40,13 @@ nxXMLSession::~nxXMLSession() {
         xercesc::XMLPlatformUtils::Terminate();
 }
 
+int nxXMLSession::NextBufferNumber() {
+    const nxMutexGuard guard(_mutex);
+    const int number = _bufferCount;
+    _bufferCount = static_cast<int>(static_cast<unsigned int>(_bufferCount) + 1U); // wraps without overflow
+    return number;
+}
+
 std::string nxXMLSession::NextBufferName() {
-    int number = 0;
-    {
-        const nxMutexGuard guard(_mutex);
-        number = _bufferCount;
-        _bufferCount =
-            static_cast<int>(static_cast<unsigned int>(_bufferCount) + 1U); // wraps without overflow
-    }
-    return "nxMemBufInputSource" + nxStringHelper::GetAsString(number);
+    return "nxMemBufInputSource" + nxStringHelper::GetAsString(NextBufferNumber());
 }
