@@ -315,7 +315,7 @@ namespace {
                                                  " encoding='UTF-8'",
                                                  " standalone='no'"};
             const std::size_t place = _Place(document);
-            switch (_random.Below(7)) {
+            switch (_random.Below(9)) {
             case 0:
                 if (place < document.size())
                     document[place] = static_cast<char>(document[place] ^ 1 << _random.Below(8));
@@ -332,6 +332,11 @@ namespace {
             case 4: // one goes on as another does
                 document.erase(place);
                 document += _Part(_Any(_documents));
+                break;
+            case 5:
+            case 6: // more content behind a tag
+                if (const std::size_t end = document.find('>', place); end < document.size())
+                    document.insert(end + 1, _Any(TakenContents));
                 break;
             default:
                 document.insert(place, _Any(Tokens));
@@ -406,6 +411,14 @@ TEST_F(nxXMLScannerFill, SeesTheSameInManyAttributes) {
         EXPECT_EQ(Compare(xml + " a" + std::to_string(count - 1) + "=''/>"), Verdict::NeitherTakes) << count;
         EXPECT_EQ(Compare(xml + " a0=''/>"), Verdict::NeitherTakes) << count;
     }
+}
+
+TEST_F(nxXMLScannerFill, LeavesNoText) {
+    nxXMLTree tree;
+    EXPECT_FALSE(nxXMLScanner::Fill(tree, {}));
+    EXPECT_TRUE(nxXMLScanner::Fill(tree, "<r/>"));
+    EXPECT_FALSE(nxXMLScanner::Fill(tree, "<r>"));
+    EXPECT_FALSE(tree.GetRoot().IsValid());
 }
 
 TEST_F(nxXMLScannerFill, SeesTheSameAtAnyDepthOnAnOrdinaryStack) {
