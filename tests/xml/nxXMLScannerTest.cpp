@@ -213,28 +213,23 @@ namespace {
     // Makes something else of documents that there are, mostly something that is nearly well-formed.
     class Mutator {
     public:
-        explicit Mutator(unsigned int seed) : _random(seed) {
-            for (const Strings* contents : {&TakenContents, &LeftContents, &RefusedContents})
-                _Add(Rooted(*contents));
-            for (const Strings* documents : {&TakenDocuments, &LeftDocuments, &RefusedDocuments})
-                _Add(*documents);
-            _Add(Records());
+        explicit Mutator(unsigned int seed) : _random(seed), _documents(Records()) {
+            for (const Strings& documents : {Rooted(TakenContents), TakenDocuments})
+                _documents.insert(_documents.end(), documents.begin(), documents.end());
             for (int i = 0; i < 100; ++i)
                 _documents.push_back(RandomDocument(_random));
+            for (const Strings* others : {&LeftContents, &RefusedContents, &LeftDocuments, &RefusedDocuments})
+                _others.insert(_others.end(), others->begin(), others->end());
         }
 
         std::string Next() {
             std::string document = _Any(_documents);
-            for (unsigned int count = 1 + _random.Below(3); count > 0; --count)
+            for (unsigned int count = 1 + _random.Below(2); count > 0; --count)
                 _Mutate(document);
             return document;
         }
 
     private:
-        void _Add(const Strings& documents) {
-            _documents.insert(_documents.end(), documents.begin(), documents.end());
-        }
-
         const std::string& _Any(std::span<const std::string> texts) {
             return texts[_random.Below(static_cast<unsigned int>(texts.size()))];
         }
@@ -315,7 +310,7 @@ namespace {
                                                  " encoding='UTF-8'",
                                                  " standalone='no'"};
             const std::size_t place = _Place(document);
-            switch (_random.Below(7)) {
+            switch (_random.Below(9)) {
             case 0:
                 if (place < document.size())
                     document[place] = static_cast<char>(document[place] ^ 1 << _random.Below(8));
@@ -327,11 +322,16 @@ namespace {
                 document.insert(place, _Part(document));
                 break;
             case 3: // a part of another
-                document.insert(place, _Part(_Any(_documents)));
+                document.insert(place, _Part(_Any(_random.Flag() ? _documents : _others)));
                 break;
             case 4: // one goes on as another does
                 document.erase(place);
                 document += _Part(_Any(_documents));
+                break;
+            case 5:
+            case 6: // more content behind a tag
+                if (const std::size_t end = document.find('>', place); end < document.size())
+                    document.insert(end + 1, _Any(TakenContents));
                 break;
             default:
                 document.insert(place, _Any(Tokens));
@@ -340,6 +340,7 @@ namespace {
 
         nxRandomText _random;
         Strings _documents;
+        Strings _others; // to take parts of
     };
 
     void ExpectAll(Verdict verdict, const Strings& documents) {
@@ -406,6 +407,14 @@ TEST_F(nxXMLScannerFill, SeesTheSameInManyAttributes) {
         EXPECT_EQ(Compare(xml + " a" + std::to_string(count - 1) + "=''/>"), Verdict::NeitherTakes) << count;
         EXPECT_EQ(Compare(xml + " a0=''/>"), Verdict::NeitherTakes) << count;
     }
+}
+
+TEST_F(nxXMLScannerFill, LeavesNoText) {
+    nxXMLTree tree;
+    EXPECT_FALSE(nxXMLScanner::Fill(tree, {}));
+    EXPECT_TRUE(nxXMLScanner::Fill(tree, "<r/>"));
+    EXPECT_FALSE(nxXMLScanner::Fill(tree, "<r>"));
+    EXPECT_FALSE(tree.GetRoot().IsValid());
 }
 
 TEST_F(nxXMLScannerFill, SeesTheSameAtAnyDepthOnAnOrdinaryStack) {

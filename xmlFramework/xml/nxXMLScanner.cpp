@@ -9,6 +9,8 @@
 #include <xercesc/util/XMLChar.hpp>
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cstring>
 #include <limits>
 #include <vector>
@@ -55,16 +57,79 @@ namespace {
         return static_cast<signed char>(c) >= 0;
     }
 
-    // The first byte that is wanted, or the end.
-    template <class Wanted>
-    const char* Find(const char* from, const char* end, const Wanted& isWanted) {
-        constexpr std::ptrdiff_t Step = Bytes::size();
-        for (; end - from >= Step; from += Step) {
-            if (const auto found = isWanted(Load(from)); any_of(found))
-                return from + find_first_set(found);
-        }
-        return std::find_if(from, end, [&](char c) { return isWanted(static_cast<unsigned char>(c)); });
+    // One bit a byte, as to_ullong of C++26 gives it. Until then the library calls it so.
+    std::uint64_t Bits(const Bytes::mask_type& mask) {
+        return mask.__to_bitset().to_ullong();
     }
+
+    // Finds wanted bytes in a text, by one bit a byte for 64 bytes at a time: what lies close together, as in
+    // markup, is found without a loop.
+    template <class Wanted>
+    class Marks {
+    public:
+        explicit Marks(std::string_view text) : _text(text) {}
+
+        // The first wanted byte, or the end.
+        const char* Next(const char* at) {
+            const std::size_t offset = static_cast<std::size_t>(at - _text.data()) - _block;
+            if (offset < Size) {
+                if (const std::uint64_t bits = _bits >> offset; bits != 0)
+                    return at + std::countr_zero(bits);
+            }
+            return _NextBehindBlock(at);
+        }
+
+    private:
+        static constexpr std::size_t Size = 64;
+
+        const char* _NextBehindBlock(const char* at) {
+            auto place = static_cast<std::size_t>(at - _text.data());
+            if (place - _block < Size)
+                place = _block + Size;
+            while (place < _text.size()) {
+                const std::size_t offset = place % Size;
+                _block = place - offset;
+                _bits = _Load();
+                if (const std::uint64_t bits = _bits >> offset; bits != 0)
+                    return _text.data() + place + std::countr_zero(bits);
+                place = _block + Size;
+            }
+            return _text.data() + _text.size();
+        }
+
+        // Behind the end every byte is wanted.
+        std::uint64_t _Load() const {
+            const std::size_t left = _text.size() - _block;
+            if (left >= Size)
+                return _LoadFrom(_text.data() + _block);
+            std::array<char, Size> padded{};
+            _text.copy(padded.data(), left, _block);
+            return _LoadFrom(padded.data()) | ~std::uint64_t{0} << left;
+        }
+
+        static std::uint64_t _LoadFrom(const char* from) {
+            std::uint64_t bits = 0;
+            for (std::size_t i = 0; i < Size; i += Bytes::size())
+                bits |= Bits(Wanted()(Load(from + i))) << i;
+            return bits;
+        }
+
+        const std::string_view _text;
+        std::size_t _block = 0 - Size; // where it begins: none yet
+        std::uint64_t _bits = 0;
+    };
+
+    struct TextSpecial {
+        auto operator()(const auto& byte) const { return IsAnyOf<'<', '&', '\r', ']'>(byte); }
+    };
+    struct NameEnd {
+        auto operator()(const auto& byte) const { return !IsNameByte(byte); }
+    };
+    struct ValueSpecial {
+        auto operator()(const auto& byte) const {
+            return IsAnyOf<'"', '\'', '<', '&', '\t', '\n', '\r'>(byte);
+        }
+    };
 
     bool StartsWith(const char* at, const char* end, std::string_view text) {
         return static_cast<std::size_t>(end - at) >= text.size() &&
@@ -126,21 +191,20 @@ namespace {
 
     // ---- The document
 
-    enum class Kind { Text, AttributeValue };
-
     // Each operation takes the place where something begins, and gives the place behind it, or null where it
     // is none that the scanner knows to be well-formed.
     class Scanner {
     public:
         Scanner(nxXMLTree& tree, std::string_view utf8)
-            : _tree(tree), _begin(utf8.data()), _end(utf8.data() + utf8.size()) {}
+            : _tree(tree), _begin(utf8.data()), _end(utf8.data() + utf8.size()), _textMarks(utf8),
+              _nameMarks(utf8), _valueMarks(utf8) {}
 
         bool Run() {
             const char* at = _Declaration(_begin);
             at = at ? _Miscellany(at) : nullptr;
             at = at ? _RootElement(at) : nullptr;
             at = at ? _Miscellany(at) : nullptr;
-            return at == _end;
+            return at && at == _end;
         }
 
     private:
@@ -151,7 +215,6 @@ namespace {
         struct Open {
             Element* element;
             Element* lastChild;
-            std::string_view name;
         };
 
         bool _IsAt(const char* at, char c) const { return at != _end && *at == c; }
@@ -175,27 +238,31 @@ namespace {
         const char* _Declaration(const char* at) const;
         const char* _Setting(const char* at, std::string_view name,
                              std::initializer_list<std::string_view> values) const;
-        const char* _Miscellany(const char* at) const;
+        const char* _Miscellany(const char* at);
         const char* _Comment(const char* at) const;
-        const char* _Instruction(const char* at) const;
+        const char* _Instruction(const char* at);
         const char* _RootElement(const char* at);
         const char* _Markup(const char* at);
         const char* _StartTag(const char* at);
-        const char* _EndTag(const char* at);
+        const char* _EndTag(const char* at, std::string_view name) const;
         const char* _Attributes(const char* at, Element& element);
         const char* _AttributeValue(const char* at, std::string_view& value);
         bool _AreUnique(const Attribute* attributes) const;
-        const char* _Name(const char* at) const;
+        const char* _Name(const char* at);
         const char* _NameBeyondASCII(const char* at) const;
         const char* _Text(const char* at, Element* element);
-        template <Kind kind>
-        const char* _Decode(const char* at, const char* end, std::string_view& text);
+        const char* _SpecialText(const char* at, const char* special, Element* element);
+        template <class Marks>
+        bool _Decode(std::string_view& text, Marks& marks, char lineEnd);
         static const char* _Reference(const char* at, const char* end, char*& to);
         static const char* _CharacterReference(const char* at, const char* end, char*& to);
 
         nxXMLTree& _tree;
         const char* const _begin;
         const char* const _end;
+        Marks<TextSpecial> _textMarks;
+        Marks<NameEnd> _nameMarks;
+        Marks<ValueSpecial> _valueMarks;
         std::vector<Open> _open;
     };
 
@@ -236,7 +303,7 @@ namespace {
     }
 
     // Comments, instructions and white space.
-    const char* Scanner::_Miscellany(const char* at) const {
+    const char* Scanner::_Miscellany(const char* at) {
         while (at) {
             at = _Spaces(at);
             if (_IsAt(at, "<!--"))
@@ -254,7 +321,7 @@ namespace {
         return _Behind(dashes, ">");
     }
 
-    const char* Scanner::_Instruction(const char* at) const {
+    const char* Scanner::_Instruction(const char* at) {
         const char* const target = at + std::string_view("<?").size();
         const char* const behind = _Name(target);
         if (!behind)
@@ -278,8 +345,11 @@ namespace {
 
     const char* Scanner::_Markup(const char* at) {
         constexpr std::string_view Section = "<![CDATA[";
-        if (_IsAt(at + 1, '/'))
-            return _EndTag(at);
+        if (_IsAt(at + 1, '/')) {
+            const Element& element = *_open.back().element;
+            _open.pop_back();
+            return _EndTag(at, {element.name, element.nameSize});
+        }
         if (_IsAt(at + 1, '?'))
             return _Instruction(at);
         if (!_IsAt(at + 1, '!'))
@@ -289,7 +359,7 @@ namespace {
         return _IsAt(at, "<!--") ? _Comment(at) : nullptr;
     }
 
-    // With the text behind it, which is the element's.
+    // With the text behind it, which is the element's, and an end tag right behind that.
     const char* Scanner::_StartTag(const char* at) {
         const char* const nameAt = at + 1;
         at = _Name(nameAt);
@@ -311,16 +381,17 @@ namespace {
             if (!_IsAt(at, '>'))
                 return nullptr;
         }
-        _open.push_back({element, nullptr, name});
-        return _Text(at + 1, element);
+        at = _Text(at + 1, element);
+        if (at && _IsAt(at, "</")) // most elements hold nothing else
+            return _EndTag(at, name);
+        _open.push_back({element, nullptr});
+        return at;
     }
 
-    const char* Scanner::_EndTag(const char* at) {
-        const std::string_view name = _open.back().name;
+    const char* Scanner::_EndTag(const char* at, std::string_view name) const {
         at += std::string_view("</").size();
         if (!Repeats(at, _end, name))
             return nullptr;
-        _open.pop_back();
         at += name.size();
         return _IsAt(at, '>') ? at + 1 : _Behind(_Spaces(at), ">");
     }
@@ -349,19 +420,18 @@ namespace {
         if (!_IsAt(at, '"') && !_IsAt(at, '\''))
             return nullptr;
         const char quote = *at++;
-        const auto isEnd = [quote](const auto& byte) {
-            using Byte = std::decay_t<decltype(byte)>;
-            return byte == Byte(static_cast<unsigned char>(quote)) || IsAnyOf<'<'>(byte);
-        };
-        const auto isSpecial = [&isEnd](const auto& byte) {
-            return isEnd(byte) || IsAnyOf<'&', '\t', '\n', '\r'>(byte);
-        };
-        const char* const special = Find(at, _end, isSpecial);
-        const char* const end = Find(special, _end, isEnd);
-        if (!_IsAt(end, quote))
+        const char* end = _valueMarks.Next(at);
+        bool isChanged = false;
+        while (end != _end && *end != quote) {
+            if (*end == '<')
+                return nullptr;
+            isChanged |= *end != '"' && *end != '\'';
+            end = _valueMarks.Next(end + 1);
+        }
+        if (end == _end)
             return nullptr;
         value = std::string_view(at, static_cast<std::size_t>(end - at));
-        return special == end ? end + 1 : _Decode<Kind::AttributeValue>(at, end, value) ? end + 1 : nullptr;
+        return !isChanged || _Decode(value, _valueMarks, ' ') ? end + 1 : nullptr;
     }
 
     bool Scanner::_AreUnique(const Attribute* attributes) const {
@@ -384,8 +454,8 @@ namespace {
         return std::ranges::adjacent_find(names) == names.end();
     }
 
-    const char* Scanner::_Name(const char* at) const {
-        const char* const behind = Find(at, _end, [](const auto& byte) { return !IsNameByte(byte); });
+    const char* Scanner::_Name(const char* at) {
+        const char* const behind = _nameMarks.Next(at);
         if (behind != _end && !IsASCII(*behind))
             return _NameBeyondASCII(at);
         return behind != at && IsNameStart(*at) ? behind : nullptr;
@@ -406,49 +476,55 @@ namespace {
 
     // Text, as far as the markup behind it. It goes to an element that is given.
     const char* Scanner::_Text(const char* at, Element* element) {
-        const auto isSpecial = [](const auto& byte) { return IsAnyOf<'<', '&', '\r', ']'>(byte); };
-        const char* const special = Find(at, _end, isSpecial);
-        const char* const end = Find(special, _end, [](const auto& byte) { return IsAnyOf<'<'>(byte); });
-        if (end == _end)
-            return nullptr;
+        const char* const end = _textMarks.Next(at);
+        if (!_IsAt(end, '<'))
+            return _SpecialText(at, end, element);
+        if (element && end != at)
+            nxXMLTree::SetText(*element, {at, static_cast<std::size_t>(end - at)});
+        return end;
+    }
+
+    // The same, when the first special byte is not the markup behind the text.
+    const char* Scanner::_SpecialText(const char* at, const char* special, Element* element) {
+        bool isChanged = false;
+        const char* end = special;
+        for (; !_IsAt(end, '<'); end = _textMarks.Next(end + 1)) {
+            if (end == _end || _IsAt(end, "]]>"))
+                return nullptr;
+            isChanged |= *end == '&' || (*end == '\r' && element);
+        }
         std::string_view text(at, static_cast<std::size_t>(end - at));
-        if (special != end && !_Decode<Kind::Text>(at, end, text))
+        if (isChanged && !_Decode(text, _textMarks, '\n'))
             return nullptr;
-        if (element && !text.empty())
+        if (element)
             nxXMLTree::SetText(*element, text);
         return end;
     }
 
-    // Text with references and line ends in place of what they stand for, in the tree's memory.
-    template <Kind kind>
-    const char* Scanner::_Decode(const char* at, const char* end, std::string_view& text) {
-        const auto isSpecial = [](const auto& byte) {
-            if constexpr (kind == Kind::Text)
-                return IsAnyOf<'&', '\r', ']'>(byte);
-            else
-                return IsAnyOf<'&', '\r', '\n', '\t'>(byte);
-        };
-        char* const decoded = _tree.Allocate(static_cast<std::size_t>(end - at)); // nothing becomes longer
+    // Puts what they stand for in place of references and line ends, in the tree's memory. What is marked and
+    // neither of them nor white space stays.
+    template <class Marks>
+    bool Scanner::_Decode(std::string_view& text, Marks& marks, char lineEnd) {
+        char* const decoded = _tree.Allocate(text.size()); // nothing becomes longer
         char* to = decoded;
-        while (at && at != end) {
-            const char* const special = Find(at, end, isSpecial);
+        const char* at = text.data();
+        const char* const end = at + text.size();
+        for (;;) {
+            const char* const special = std::min(marks.Next(at), end);
             to = std::copy(at, special, to);
-            at = special;
-            if (at == end)
+            if (special == end)
                 break;
-            if (*at == '&') {
-                at = _Reference(at + 1, end, to);
-            } else if (*at == ']') {
-                if (StartsWith(at, end, "]]>"))
-                    return nullptr;
-                *to++ = *at++;
+            if (*special == '&') {
+                at = _Reference(special + 1, end, to);
+                if (!at)
+                    return false;
             } else {
-                at += StartsWith(at, end, "\r\n") ? 2 : 1;
-                *to++ = kind == Kind::Text ? '\n' : ' ';
+                at = special + (StartsWith(special, end, "\r\n") ? 2 : 1);
+                *to++ = IsSpace(*special) ? lineEnd : *special;
             }
         }
         text = std::string_view(decoded, static_cast<std::size_t>(to - decoded));
-        return at;
+        return true;
     }
 
     const char* Scanner::_Reference(const char* at, const char* end, char*& to) {
