@@ -3,6 +3,7 @@
 
 #include "xmlFramework/xml/nxXMLTextSink.h"
 
+#include "xmlFramework/xml/nxXMLCharacters.h"
 #include "xmlFramework/xml/nxXMLName.h"
 #include "xmlFramework/xml/nxXMLText.h"
 
@@ -22,80 +23,140 @@ namespace {
     }
     constexpr Word HighBits = Repeated(0x80);
 
-    // These mark, by their high bits, at least the first byte that is meant. The bytes are ASCII.
-    constexpr Word BytesBelow(Word word, unsigned char limit) {
-        return (word - Repeated(limit)) & ~word & HighBits;
+    // The high bits of the bytes that are zero, or below a limit. All bytes are ASCII, so no carry leaves its
+    // byte.
+    constexpr Word ZeroBytes(Word ascii) {
+        return ~(ascii + ~HighBits) & HighBits;
     }
-    constexpr Word BytesEqual(Word word, unsigned char byte) {
-        return BytesBelow(word ^ Repeated(byte), 1);
+    constexpr Word BytesEqual(Word ascii, unsigned char byte) {
+        return ZeroBytes(ascii ^ Repeated(byte));
     }
-
-    // Whether all eight bytes may stand as they are.
-    constexpr bool IsPlainText(Word word) {
-        const Word angles = BytesEqual(word | Repeated('<' ^ '>'), '<' | '>');
-        return ((word & HighBits) | BytesBelow(word, ' ') | BytesEqual(word, '&') | angles) == 0;
-    }
-    constexpr bool IsPlainAttributeValue(Word word) {
-        const Word ampersandOrQuote = BytesEqual(word | Repeated('&' ^ '"'), '&' | '"');
-        return ((word & HighBits) | BytesBelow(word, ' ') | ampersandOrQuote | BytesEqual(word, '<')) == 0;
+    constexpr Word BytesBelow(Word ascii, unsigned char limit) {
+        return ~(ascii + Repeated(static_cast<unsigned char>(0x80 - limit))) & HighBits;
     }
 
-    // What stands in a document for an ASCII character: the character itself where this is null, nothing that
-    // XML could carry where it is empty. Line ends and tabs that a parser would change are written as
-    // references.
-    using Escapes = std::array<const char*, 128>;
-
-    constexpr Escapes ControlsRefused() {
-        Escapes escapes{};
-        std::fill_n(escapes.begin(), ' ', "");
-        escapes['&'] = "&amp;";
-        escapes['<'] = "&lt;";
-        escapes['\r'] = "&#xD;";
-        return escapes;
-    }
-    constexpr Escapes TextEscapes = [] {
-        Escapes escapes = ControlsRefused();
-        escapes['\t'] = escapes['\n'] = nullptr;
-        escapes['>'] = "&gt;";
-        return escapes;
-    }();
-    constexpr Escapes AttributeEscapes = [] {
-        Escapes escapes = ControlsRefused();
-        escapes['\t'] = "&#x9;";
-        escapes['\n'] = "&#xA;";
-        escapes['"'] = "&quot;";
-        return escapes;
-    }();
-
-    unsigned char ByteAt(const char* text) {
-        return static_cast<unsigned char>(*text);
-    }
-
-    constexpr bool IsContinuation(unsigned char byte) {
-        return (byte & 0xC0U) == 0x80U;
-    }
-
-    // The length in UTF-8 of the character at `text`, which is not ASCII; 0 when it is no character that
-    // XML 1.0 allows.
-    std::size_t CharacterLength(const char* text, const char* end) {
-        const unsigned char first = ByteAt(text);
-        const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
-        if (first < 0xC2 || first > 0xF4 || static_cast<std::size_t>(end - text) < length)
-            return 0;
-
-        const unsigned char second = ByteAt(text + 1);
-        // The first bytes that leave their second less than all continuations.
-        const unsigned char low = first == 0xE0 ? 0xA0 : first == 0xF0 ? 0x90 : 0x80;
-        const unsigned char high = first == 0xED ? 0x9F : first == 0xF4 ? 0x8F : 0xBF;
-        if (second < low || second > high)
-            return 0;
-        for (std::size_t i = 2; i < length; ++i) {
-            if (!IsContinuation(ByteAt(text + i)))
-                return 0;
+    // What XML has to write otherwise: markup, and the white space that a parser would change.
+    struct InText {
+        static constexpr std::string_view EscapeOf(char c) {
+            switch (c) {
+            case '&':
+                return "&amp;";
+            case '<':
+                return "&lt;";
+            case '>':
+                return "&gt;";
+            case '\r':
+                return "&#xD;";
+            default:
+                return {};
+            }
         }
-        const bool isNoCharacter =
-            first == 0xEF && second == 0xBF && ByteAt(text + 2) >= 0xBE; // U+FFFE, U+FFFF
-        return isNoCharacter ? 0 : length;
+        // The high bits of those of eight bytes that may not stand as they are. Other bytes than ASCII are
+        // not looked at.
+        static constexpr Word Escaped(Word ascii) {
+            const Word angles = BytesEqual(ascii | Repeated('<' ^ '>'), '<' | '>');
+            return BytesEqual(ascii, '&') | angles | BytesEqual(ascii, '\r');
+        }
+        static constexpr Word Controls(Word ascii) {
+            return BytesBelow(ascii, ' ') & ~(BytesEqual(ascii, '\n') | BytesEqual(ascii, '\t'));
+        }
+    };
+    struct InAttribute {
+        static constexpr std::string_view EscapeOf(char c) {
+            switch (c) {
+            case '"':
+                return "&quot;";
+            case '>':
+                return {};
+            case '\t':
+                return "&#x9;";
+            case '\n':
+                return "&#xA;";
+            default:
+                return InText::EscapeOf(c);
+            }
+        }
+        static constexpr Word Escaped(Word ascii) {
+            const Word ampersandOrQuote = BytesEqual(ascii | Repeated('&' ^ '"'), '&' | '"');
+            return ampersandOrQuote | BytesEqual(ascii, '<') | Controls(ascii);
+        }
+        static constexpr Word Controls(Word ascii) { return BytesBelow(ascii, ' '); }
+    };
+
+    // Whether eight bytes are characters that may stand as they are.
+    template <class Where>
+    constexpr bool IsPlain(Word word) {
+        const Word ascii = word & ~HighBits;
+        return ((word & HighBits) | Where::Controls(ascii) | Where::Escaped(ascii)) == 0;
+    }
+
+    template <class Piece>
+    Piece Load(const char* from) {
+        Piece piece{};
+        std::memcpy(&piece, from, sizeof piece);
+        return piece;
+    }
+    template <class Piece>
+    void Store(char* to, Piece piece) {
+        std::memcpy(to, &piece, sizeof piece);
+    }
+
+    // Copies a text while `isPlain` holds for all of it, eight bytes at a time. The last eight may be copied
+    // twice: most texts and names are short, and a call for each, or a loop over what is left, would take
+    // longer than all else. False when something is not plain; what was copied is of no use then.
+    template <class IsPlainWord>
+    bool CopyPlain(char* to, const char* from, std::size_t size, IsPlainWord isPlain) {
+        if (size >= sizeof(Word)) {
+            const std::size_t last = size - sizeof(Word);
+            for (std::size_t i = 0; i < last; i += sizeof(Word)) {
+                const auto word = Load<Word>(from + i);
+                if (!isPlain(word))
+                    return false;
+                Store(to + i, word);
+            }
+            const auto word = Load<Word>(from + last);
+            Store(to + last, word);
+            return isPlain(word);
+        }
+        if (size >= sizeof(std::uint32_t)) {
+            const std::size_t last = size - sizeof(std::uint32_t);
+            const auto first = Load<std::uint32_t>(from);
+            const auto second = Load<std::uint32_t>(from + last);
+            Store(to, first);
+            Store(to + last, second);
+            return isPlain(Word{first} << 32U | second);
+        }
+        Word word = Repeated(' '); // plain
+        for (std::size_t i = 0; i < size; ++i) {
+            to[i] = from[i];
+            word = word << 8U | static_cast<unsigned char>(from[i]);
+        }
+        return isPlain(word);
+    }
+
+    // Copies a text of allowed characters with what has to be escaped, and returns where it ends.
+    template <class Where>
+    char* CopyEscaped(char* to, std::string_view text) {
+        while (!text.empty()) {
+            const std::string_view word = text.substr(0, sizeof(Word));
+            text.remove_prefix(word.size());
+            if (word.size() == sizeof(Word)) {
+                const auto bytes = Load<Word>(word.data());
+                if (Where::Escaped(bytes & ~HighBits) == 0) {
+                    Store(to, bytes);
+                    to += sizeof(Word);
+                    continue;
+                }
+            }
+            for (const char c : word) {
+                const std::string_view escape = Where::EscapeOf(c);
+                if (escape.empty())
+                    *to++ = c;
+                else
+                    to = std::ranges::copy(escape, to).out;
+            }
+        }
+        return to;
     }
 } // namespace
 
@@ -116,7 +177,7 @@ void nxXMLTextSink::_PutName(std::string_view name) {
         _text.append(name);
         return;
     }
-    std::memcpy(_next, name.data(), name.size());
+    CopyPlain(_next, name.data(), name.size(), [](Word) { return true; });
     _next += name.size();
 }
 
@@ -136,49 +197,22 @@ void nxXMLTextSink::_RefuseText(const char* what, std::string_view text, std::st
 }
 
 // False when the text cannot be carried.
-template <nxXMLTextSink::Place Where>
+template <class Where>
 bool nxXMLTextSink::_PutEscaped(std::string_view text) {
-    constexpr const Escapes& EscapeOf = Where == Place::Text ? TextEscapes : AttributeEscapes;
-    if (text.size() > nxXMLText::MaxSize)
-        return false;
-
-    const char* from = text.data();
-    const char* const textEnd = from + text.size();
-    while (from != textEnd) {
-        const std::size_t piece = std::min(static_cast<std::size_t>(textEnd - from), MaxPiece);
-        const char* const end = from + piece;
-        _Reserve(piece * MaxEscaped + MaxMarkup);
-        char* to = _next;
-        while (from < end) {
-            if (static_cast<std::size_t>(end - from) >= sizeof(Word)) {
-                Word word = 0;
-                std::memcpy(&word, from, sizeof word);
-                if (Where == Place::Text ? IsPlainText(word) : IsPlainAttributeValue(word)) {
-                    std::memcpy(to, &word, sizeof word);
-                    from += sizeof word;
-                    to += sizeof word;
-                    continue;
-                }
-            }
-            const unsigned char byte = ByteAt(from);
-            if (byte < EscapeOf.size()) {
-                const char* const escape = EscapeOf[byte];
-                if (!escape)
-                    *to++ = *from;
-                else if (*escape == '\0')
-                    return false;
-                else
-                    to = std::copy_n(escape, std::strlen(escape), to);
-                ++from;
-            } else {
-                const std::size_t length = CharacterLength(from, textEnd);
-                if (length == 0)
-                    return false;
-                to = std::copy_n(from, length, to);
-                from += length;
-            }
+    if (text.size() <= MaxPiece) {
+        _Reserve(text.size() * MaxEscaped + MaxMarkup);
+        if (CopyPlain(_next, text.data(), text.size(), IsPlain<Where>)) {
+            _next += text.size();
+            return true;
         }
-        _next = to;
+    }
+    if (text.size() > nxXMLText::MaxSize || !nxXMLCharacters::AreAllowed(text))
+        return false;
+    while (!text.empty()) {
+        const std::string_view piece = text.substr(0, MaxPiece);
+        text.remove_prefix(piece.size());
+        _Reserve(piece.size() * MaxEscaped + MaxMarkup);
+        _next = CopyEscaped<Where>(_next, piece);
     }
     return true;
 }
@@ -210,7 +244,7 @@ void nxXMLTextSink::Attribute(std::string_view name, std::string_view value) {
     _PutName(name);
     _Put('=');
     _Put('"');
-    if (!_PutEscaped<Place::AttributeValue>(value))
+    if (!_PutEscaped<InAttribute>(value))
         return _RefuseText("an attribute's value", value, _Parent());
     _Reserve(MaxMarkup);
     _Put('"');
@@ -224,7 +258,7 @@ void nxXMLTextSink::Field(std::string_view name, std::string_view text) {
     _Put('<');
     _PutName(name);
     _Put('>');
-    if (!_PutEscaped<Place::Text>(text))
+    if (!_PutEscaped<InText>(text))
         return _RefuseText("a text", text, name);
     _PutEndTag(name);
 }

@@ -28,8 +28,6 @@ public:
     const std::string& GetProblem() const { return _problem; }
 
 private:
-    enum class Place { Text, AttributeValue };
-
     std::string_view _Parent() const { return _open.empty() ? std::string_view() : _open.back(); }
     void _Refuse(const std::string& what, std::string_view element);
     void _RefuseText(const char* what, std::string_view text, std::string_view element);
@@ -38,7 +36,7 @@ private:
     void _PutName(std::string_view name);
     void _PutEndTag(std::string_view name);
     void _CloseStartTag();
-    template <Place Where>
+    template <class Where>
     bool _PutEscaped(std::string_view text);
 
     // Pieces gather here: appending each to the text on its own would cost as much as all the rest.
