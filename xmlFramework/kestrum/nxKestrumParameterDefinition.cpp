@@ -58,6 +58,7 @@ nxErrorEnum nxKestrumParameterDefinition::ConvertToXML(nxXMLElement& element) co
 }
 
 nxErrorEnum nxKestrumParameterDefinition::ConvertFromXML(nxXMLElement& element) {
+    _nameWatch.Report();
     nxXMLFields::UntilFailure required{nxXMLFields::Reader(element)};
     Fields::VisitRequired(*this, required);
     const nxErrorEnum result =
