@@ -189,20 +189,6 @@ TEST(nxKestrumAlgorithmSpecSetters, ReplaceTheListsByCopies) {
     EXPECT_FALSE(spec.GetScriptParameterDefinition("a") || spec.GetScriptOutputParameterDefinition("a"));
 }
 
-TEST(nxKestrumAlgorithmSpecDefinitions, AreLookedUpAmongWhatACallerLeavesInTheList) {
-    nxKestrumAlgorithmSpec spec;
-    for (const char* const name : {"a", "b", "c"})
-        spec.AddScriptParameterDefinition(Definition(name, Type::Text, true));
-    auto& definitions = spec.GetScriptParameterDefinitions();
-    definitions.erase(definitions.begin());
-    EXPECT_FALSE(spec.GetScriptParameterDefinition("a"));
-    EXPECT_EQ(spec.GetScriptParameterDefinition("c"), definitions[1].get());
-    EXPECT_TRUE(spec.AddScriptParameterDefinition(Definition("a", Type::Price, true)));
-    EXPECT_FALSE(spec.AddScriptParameterDefinition(Definition("a", Type::Price, true)));
-    EXPECT_EQ(nxKestrumAlgorithmSpec(spec).GetScriptParameterDefinition("a")->GetParameterType(),
-              Type::Price);
-}
-
 TEST(nxKestrumAlgorithmSpecCopy, SharesNothingWithItsOriginal) {
     auto original = std::make_unique<nxKestrumAlgorithmSpec>();
     Read(*original, Full);

@@ -5,6 +5,7 @@
 // 0x01.
 
 #include "tests/support/nxCollectedLog.h"
+#include "tests/support/nxMilliseconds.h"
 #include "tests/support/nxPrint.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 
@@ -12,8 +13,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime> // clock_gettime
-#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -62,22 +61,6 @@ namespace {
         spec.AddScriptParameterDefinition(Definition("None", 0, true));
         spec.AddScriptOutputParameterDefinition(Definition("Out", Type::Price, false));
         return spec;
-    }
-
-    // The least processor time of several runs: other programs do not count.
-    double Milliseconds(const std::function<void()>& run) {
-        const auto now = [] {
-            timespec time{};
-            clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-            return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
-        };
-        double least = 1e9;
-        for (int i = 0; i < 5; ++i) {
-            const double start = now();
-            run();
-            least = std::min(least, now() - start);
-        }
-        return least;
     }
 } // namespace
 
@@ -188,11 +171,11 @@ TEST(nxKestrumUserString, IsParsedInTimeLinearInItsLength) {
         std::string text;
         for (const std::size_t size = i == 0 ? 100'000 : 1'000'000; text.size() < size;)
             text += UserString("Qty=1234|Px=7|Flag=true|$classroomNumber=9|");
-        texts[i] = Milliseconds([&text] {
+        texts[i] = nxMilliseconds([&text] {
             Texts read;
             ASSERT_EQ(nxKestrumAlgorithmSpec::ExtractParametersFromUserString(text, read), nxErrorEnum::OK);
         });
-        parameters[i] = Milliseconds([&] {
+        parameters[i] = nxMilliseconds([&] {
             Parameters read;
             ASSERT_EQ(spec.ExtractParametersFromUserString(text, read.items), nxErrorEnum::OK);
         });

@@ -10,7 +10,9 @@
 #include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLLists.h"
 
+#include <algorithm>
 #include <ranges>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -29,8 +31,10 @@ namespace {
     void SetDefinitions(nxKestrumDefinitionList& list,
                         const nxKestrumDefinitionList::Definitions& definitions) {
         nxKestrumDefinitionList replacement; // `definitions` may be the list's own
-        for (const auto& definition : definitions)
-            AddDefinition(replacement, *definition);
+        for (const auto& definition : definitions) {
+            if (definition)
+                AddDefinition(replacement, *definition);
+        }
         list = std::move(replacement);
     }
 
@@ -152,6 +156,15 @@ nxKestrumAlgorithmSpec* nxKestrumAlgorithmSpec::CopyInstance() const {
     return new nxKestrumAlgorithmSpec(*this);
 }
 
+bool nxKestrumAlgorithmSpec::operator==(const nxKestrumAlgorithmSpec& other) const {
+    const auto values = [](const nxKestrumAlgorithmSpec& spec) {
+        return std::tie(spec._scriptSourceCode, spec._scriptParameters, spec._syntheticOrderType,
+                        spec._modules, spec._outputParameters, spec._hideParentOrder);
+    };
+    const auto isSame = [](const auto& left, const auto& right) { return *left == *right; };
+    return values(*this) == values(other) && std::ranges::equal(GetLimits(), other.GetLimits(), isSame);
+}
+
 nxKestrumParameterDefinition*
 nxKestrumAlgorithmSpec::GetScriptParameterDefinition(const std::string& name) const {
     return _scriptParameters.Find(name);
@@ -177,6 +190,15 @@ void nxKestrumAlgorithmSpec::SetScriptOutputParameterDefinitions(const Definitio
 bool nxKestrumAlgorithmSpec::AddScriptOutputParameterDefinition(
     const nxKestrumParameterDefinition& definition) {
     return AddDefinition(_outputParameters, definition);
+}
+
+void nxKestrumAlgorithmSpec::SetLimits(const Limits& limits) {
+    nxOwnedItems<nxKestrumLimit> replacement; // `limits` may be the spec's own
+    for (const auto& limit : limits) {
+        if (limit)
+            replacement.Add(std::unique_ptr<nxKestrumLimit>(limit->CopyInstance()));
+    }
+    _limits = std::move(replacement);
 }
 
 bool nxKestrumAlgorithmSpec::AddLimit(const nxKestrumLimit& limit) {
@@ -257,7 +279,7 @@ bool nxKestrumAlgorithmSpec::ValidateParameters(const std::vector<nxKestrumParam
     errorText.clear();
     std::set<std::string> missing;
     for (const auto& definition : _scriptParameters.Get()) {
-        if (!definition->GetOptional())
+        if (definition && !definition->GetOptional())
             missing.insert(definition->GetName());
     }
     for (const nxKestrumParameter* parameter : parameters) {

@@ -39,6 +39,8 @@ public:
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumAlgorithmSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
+    // Lists are equal whose items are, in order.
+    bool operator==(const nxKestrumAlgorithmSpec& other) const;
 
     const std::string& GetScriptSourceCode() const { return _scriptSourceCode; }
     void SetScriptSourceCode(const std::string& sourceCode) { _scriptSourceCode = sourceCode; }
@@ -47,10 +49,12 @@ public:
     bool GetHideParentOrder() const { return _hideParentOrder; }
     void SetHideParentOrder(bool hideParentOrder) { _hideParentOrder = hideParentOrder; }
 
-    // The parameters that the script takes. The spec owns the definitions, none of which is null; of two of
-    // one name the later is looked up. Whoever has taken the list by its non-const form may change it, and
-    // looking up a name takes longer from then on. Add stores a copy; a name that is taken already is logged
-    // and refused with false. Set stores copies in place of the definitions held, each by way of Add.
+    // The parameters that the script takes; of two definitions of one name the later is looked up. The spec
+    // owns them. Who has the list by its non-const form may change it and what is in it at any time, and
+    // every look-up sees the change; a null pointer in it is passed over. Look-ups are quick but for the
+    // first one after a change, which indexes the names. They may come from several threads while nobody
+    // changes the spec. Add stores a copy; a name that is taken already is logged and refused with false. Set
+    // stores copies in place of the definitions held, each by way of Add.
     const Definitions& GetScriptParameterDefinitions() const { return _scriptParameters.Get(); }
     Definitions& GetScriptParameterDefinitions() { return _scriptParameters.Get(); }
     nxKestrumParameterDefinition*
@@ -67,9 +71,9 @@ public:
     bool AddScriptOutputParameterDefinition(const nxKestrumParameterDefinition& definition);
     void ClearScriptOutputParameterDefinitions() { _outputParameters.Clear(); }
 
-    // Set and Add store copies; Add is always true.
+    // None is null. Set and Add store copies, Set without null pointers; Add is always true.
     const Limits& GetLimits() const { return _limits.Get(); }
-    void SetLimits(const Limits& limits) { _limits.Assign(limits); }
+    void SetLimits(const Limits& limits);
     bool AddLimit(const nxKestrumLimit& limit);
     void ClearLimits() { _limits.Clear(); }
 

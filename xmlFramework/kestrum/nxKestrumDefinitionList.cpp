@@ -3,43 +3,96 @@
 
 #include "xmlFramework/kestrum/nxKestrumDefinitionList.h"
 
+#include "core/nxMutexGuard.h"
+
 #include <algorithm>
+#include <cstring>
+#include <unordered_map>
 #include <utility>
 
+// What stood in a list, and under which names. Names are copies: those of the definitions may be gone.
+struct nxKestrumDefinitionList::Index {
+    explicit Index(const Definitions& list) {
+        definitions.reserve(list.size());
+        byName.reserve(list.size());
+        for (const auto& definition : list)
+            Add(definition.get());
+    }
+
+    void Add(nxKestrumParameterDefinition* definition) {
+        if (definition) {
+            definition->_nameWatch.Start(isOutdated);
+            byName[definition->GetName()] = definition;
+        }
+        definitions.push_back(definition);
+    }
+
+    // Whether the list holds these definitions still, and they their names.
+    bool IsOf(const Definitions& list) const {
+        if (definitions.size() != list.size() || isOutdated->load(std::memory_order_relaxed))
+            return false;
+        // The larger part of a look-up in a long list: as bytes, the pointers are compared the fastest.
+        static_assert(sizeof(Definitions::value_type) == sizeof(void*));
+        const void* const pointers = list.data();
+        return list.empty() || std::memcmp(definitions.data(), pointers, list.size() * sizeof(void*)) == 0;
+    }
+
+    std::vector<nxKestrumParameterDefinition*> definitions; // in order; some may be gone
+    std::unordered_map<std::string, nxKestrumParameterDefinition*> byName;
+    std::shared_ptr<nxKestrumParameterDefinition::NameWatch::Flag> isOutdated =
+        std::make_shared<nxKestrumParameterDefinition::NameWatch::Flag>(false);
+};
+
+nxKestrumDefinitionList::CachedIndex::CachedIndex() noexcept = default;
+
+nxKestrumDefinitionList::CachedIndex::~CachedIndex() = default;
+
+const nxKestrumDefinitionList::Index&
+nxKestrumDefinitionList::CachedIndex::Of(const Definitions& definitions) {
+    const Index* const current = _current.load(std::memory_order_acquire);
+    if (current && current->IsOf(definitions))
+        return *current;
+
+    const nxMutexGuard guard(_remaking);
+    if (!_index || !_index->IsOf(definitions)) {
+        // Other threads may be comparing the outdated index, too, and nothing says when they have done. It is
+        // kept for one more remaking: the list changes before that, and no look-up goes on through a change.
+        auto index = std::make_unique<Index>(definitions);
+        _previous = std::exchange(_index, std::move(index));
+        _current.store(_index.get(), std::memory_order_release);
+    }
+    return *_index;
+}
+
+void nxKestrumDefinitionList::CachedIndex::Add(const Definitions& definitions,
+                                               nxKestrumParameterDefinition* definition) {
+    if (_index && _index->definitions.size() == definitions.size())
+        _index->Add(definition);
+}
+
 nxKestrumDefinitionList::nxKestrumDefinitionList(const nxKestrumDefinitionList& other) {
-    for (const auto& definition : other.Get())
-        Add(std::unique_ptr<nxKestrumParameterDefinition>(definition->CopyInstance()));
+    _definitions.reserve(other._definitions.size());
+    for (const auto& definition : other._definitions)
+        _definitions.emplace_back(definition ? definition->CopyInstance() : nullptr);
 }
 
 nxKestrumDefinitionList& nxKestrumDefinitionList::operator=(const nxKestrumDefinitionList& other) {
     return *this = nxKestrumDefinitionList(other);
 }
 
-nxKestrumDefinitionList::Definitions& nxKestrumDefinitionList::Get() {
-    _byName.clear();
-    _isIndexed = false;
-    return _definitions.Get();
+bool nxKestrumDefinitionList::operator==(const nxKestrumDefinitionList& other) const {
+    return std::ranges::equal(_definitions, other._definitions, [](const auto& left, const auto& right) {
+        return left && right ? *left == *right : left == right;
+    });
 }
 
 nxKestrumParameterDefinition* nxKestrumDefinitionList::Find(const std::string& name) const {
-    if (!_isIndexed) {
-        const auto last = std::find_if(Get().rbegin(), Get().rend(), [&name](const auto& definition) {
-            return definition->GetName() == name;
-        });
-        return last != Get().rend() ? last->get() : nullptr;
-    }
-    const auto entry = _byName.find(name);
-    return entry != _byName.end() ? entry->second : nullptr;
+    const auto& byName = _index.Of(_definitions).byName;
+    const auto entry = byName.find(name);
+    return entry != byName.end() ? entry->second : nullptr;
 }
 
 void nxKestrumDefinitionList::Add(std::unique_ptr<nxKestrumParameterDefinition> definition) {
-    nxKestrumParameterDefinition& added = _definitions.Add(std::move(definition));
-    if (_isIndexed)
-        _byName[added.GetName()] = &added;
-}
-
-void nxKestrumDefinitionList::Clear() {
-    _byName.clear();
-    _isIndexed = true;
-    _definitions.Clear();
+    _index.Add(_definitions, definition.get());
+    _definitions.push_back(std::move(definition));
 }

@@ -3,38 +3,65 @@
 
 #pragma once
 
-#include "include/nxOwnedItems.h"
+#include "core/nxMutex.h"
 #include "xmlFramework/kestrum/nxKestrumParameterDefinition.h"
 #include "xmlFramework/nxXMLFrameworkExport.h"
 
-#include <map>
+#include <atomic>
+#include <memory>
 #include <string>
+#include <vector>
 
-// Parameter definitions in order of insertion, with an index by name. A copy shares nothing with its
-// original.
+// Parameter definitions in order, found by name, whoever changes the list or the definitions in it, and when.
+// A copy shares nothing with its original. Null pointers are kept in their places, in copies too, and never
+// followed.
+//
+// Const operations may come from several threads while nobody changes the list.
 class XMLFRAMEWORK_API nxKestrumDefinitionList {
 public:
-    using Definitions = nxOwnedItems<nxKestrumParameterDefinition>::Items;
+    using Definitions = std::vector<std::unique_ptr<nxKestrumParameterDefinition>>;
 
     nxKestrumDefinitionList() = default;
     nxKestrumDefinitionList(const nxKestrumDefinitionList& other);
-    nxKestrumDefinitionList(nxKestrumDefinitionList&&) noexcept = default; // items stay where they are
+    nxKestrumDefinitionList(nxKestrumDefinitionList&&) noexcept = default;
     nxKestrumDefinitionList& operator=(const nxKestrumDefinitionList& other);
     nxKestrumDefinitionList& operator=(nxKestrumDefinitionList&&) noexcept = default;
     ~nxKestrumDefinitionList() = default;
+    // By the definitions' values, in order; a null pointer equals a null pointer.
+    bool operator==(const nxKestrumDefinitionList& other) const;
 
-    const Definitions& Get() const { return _definitions.Get(); }
-    // To change the list itself. From then on until Clear or an assignment the index is not used.
-    Definitions& Get();
-    // The last definition of that name, or null. While the index is used, names count as they were when the
-    // definition was added.
+    const Definitions& Get() const { return _definitions; }
+    // For changing the list itself, also later by a reference that was kept.
+    Definitions& Get() { return _definitions; }
+    // The last definition of that name, or null. The first call after a change indexes the names.
     nxKestrumParameterDefinition* Find(const std::string& name) const;
     // Adds at the end. An earlier definition of that name stays in the list, but is not found any more.
     void Add(std::unique_ptr<nxKestrumParameterDefinition> definition);
-    void Clear();
+    void Clear() { _definitions.clear(); }
 
 private:
-    nxOwnedItems<nxKestrumParameterDefinition> _definitions;
-    std::map<std::string, nxKestrumParameterDefinition*> _byName; // into _definitions
-    bool _isIndexed = true; // else the list may have been changed by others
+    struct Index;
+
+    // The index of the list that it is asked for, remade when that has changed. It therefore needs no part in
+    // what happens to the list, and stays where it is when lists are copied, moved and assigned.
+    class CachedIndex {
+    public:
+        CachedIndex() noexcept;
+        CachedIndex(const CachedIndex& /*other*/) noexcept : CachedIndex() {}
+        CachedIndex& operator=(const CachedIndex& /*other*/) noexcept { return *this; }
+        ~CachedIndex();
+
+        const Index& Of(const Definitions& definitions);
+        // To be called before the definition is added to the list. An outdated index stays outdated.
+        void Add(const Definitions& definitions, nxKestrumParameterDefinition* definition);
+
+    private:
+        nxMutex _remaking;
+        std::unique_ptr<Index> _index;
+        std::unique_ptr<Index> _previous;
+        std::atomic<const Index*> _current = nullptr; // _index, for those who do not hold the mutex
+    };
+
+    Definitions _definitions;
+    mutable CachedIndex _index;
 };

@@ -25,8 +25,11 @@ public:
                    unsigned int maxBuys, unsigned int maxSells, unsigned int clipLimit,
                    const std::string& ignoredText, const nxUnsignedValueWrapper& accountID);
     nxKestrumLimit(const nxKestrumLimit&) = default;
+    nxKestrumLimit(nxKestrumLimit&&) noexcept = default;
     nxKestrumLimit& operator=(const nxKestrumLimit&) = default;
+    nxKestrumLimit& operator=(nxKestrumLimit&&) noexcept = default;
     virtual ~nxKestrumLimit();
+    bool operator==(const nxKestrumLimit&) const = default;
 
     // A copy, which the caller owns.
     nxKestrumLimit* CopyInstance() const;

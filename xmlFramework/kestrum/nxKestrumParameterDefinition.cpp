@@ -42,6 +42,7 @@ nxKestrumParameterDefinition* nxKestrumParameterDefinition::CopyInstance() const
 }
 
 nxErrorEnum nxKestrumParameterDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
+    _nameWatch.Report();
     nxXMLFields::Reader reader(node, context, nxXMLFields::AfterFailure::Stop);
     Fields::Visit(*this, reader);
     return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");

@@ -8,7 +8,10 @@
 #include "xmlFramework/nxXMLFrameworkExport.h"
 #include "xmlFramework/xml/nxXMLElement.h"
 
+#include <atomic>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 class nxXMLNode;
@@ -24,8 +27,11 @@ public:
     nxKestrumParameterDefinition(const std::string& name, const nxKestrumParameterTypeEnum& type,
                                  bool optional);
     nxKestrumParameterDefinition(const nxKestrumParameterDefinition&) = default;
+    nxKestrumParameterDefinition(nxKestrumParameterDefinition&&) noexcept = default;
     nxKestrumParameterDefinition& operator=(const nxKestrumParameterDefinition&) = default;
+    nxKestrumParameterDefinition& operator=(nxKestrumParameterDefinition&&) noexcept = default;
     virtual ~nxKestrumParameterDefinition();
+    bool operator==(const nxKestrumParameterDefinition&) const = default;
 
     // A copy, which the caller owns.
     nxKestrumParameterDefinition* CopyInstance() const;
@@ -39,7 +45,10 @@ public:
     // The only values allowed, in order; empty when any value is.
     const std::vector<std::string>& GetValidValues() const { return _validValues; }
 
-    void SetName(const std::string& name) { _name = name; }
+    void SetName(const std::string& name) {
+        _nameWatch.Report();
+        _name = name;
+    }
     void SetParameterType(const nxKestrumParameterTypeEnum& type) { _parameterType = type; }
     void SetOptional(bool optional) { _optional = optional; }
     void SetReadOnly(bool readOnly) { _readOnly = readOnly; }
@@ -60,12 +69,51 @@ protected:
                                  bool optional, bool isSystemParameter);
 
 private:
+    friend class nxKestrumDefinitionList; // it finds definitions by name
     friend nxXMLItem;
     struct Fields;
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
 
+    // Tells the index that has the definition under its name that this may not be its name any more. It
+    // belongs to the object and not to its value: it is not copied, and all are equal.
+    class NameWatch {
+    public:
+        // Atomic, since a definition that has left its list may be changed on another thread.
+        using Flag = std::atomic<bool>;
+
+        NameWatch() = default;
+        NameWatch(const NameWatch&) noexcept {}
+        NameWatch(NameWatch&& other) noexcept { other.Report(); }
+        NameWatch& operator=(const NameWatch& other) noexcept {
+            if (this != &other)
+                Report();
+            return *this;
+        }
+        NameWatch& operator=(NameWatch&& other) noexcept {
+            Report();
+            other.Report();
+            return *this;
+        }
+        ~NameWatch() { Report(); }
+        bool operator==(const NameWatch& /*other*/) const { return true; }
+
+        // The flag is set from the next report on. An index that watched so far gets its report now.
+        void Start(std::shared_ptr<Flag> isOutdated) noexcept {
+            Report();
+            _isOutdated = std::move(isOutdated);
+        }
+        void Report() noexcept {
+            if (_isOutdated)
+                _isOutdated->store(true, std::memory_order_relaxed);
+        }
+
+    private:
+        std::shared_ptr<Flag> _isOutdated; // null: in no index
+    };
+
+    NameWatch _nameWatch; // the first member: its report goes before any change
     std::string _name;
     nxKestrumParameterTypeEnum _parameterType;
     bool _optional = true;
