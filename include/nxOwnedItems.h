@@ -31,8 +31,11 @@ public:
     // Not a null pointer.
     Item& Add(std::unique_ptr<Item> item) { return *_items.emplace_back(std::move(item)); }
     void Clear() { _items.clear(); }
-    // Copies of `items`, which may be this object's own, in place of those held.
-    void Assign(const Items& items) { _items = _Copy(items); }
+    // Copies of `items`, which may be this object's own, but for null pointers, in place of those held.
+    void Assign(const Items& items) {
+        _items = _Copy(items);
+        std::erase(_items, nullptr);
+    }
 
     friend bool operator==(const nxOwnedItems& left, const nxOwnedItems& right) {
         return std::ranges::equal(left._items, right._items,

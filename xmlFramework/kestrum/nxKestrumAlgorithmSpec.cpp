@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <ranges>
-#include <tuple>
 #include <utility>
 
 namespace {
@@ -156,15 +155,6 @@ nxKestrumAlgorithmSpec* nxKestrumAlgorithmSpec::CopyInstance() const {
     return new nxKestrumAlgorithmSpec(*this);
 }
 
-bool nxKestrumAlgorithmSpec::operator==(const nxKestrumAlgorithmSpec& other) const {
-    const auto values = [](const nxKestrumAlgorithmSpec& spec) {
-        return std::tie(spec._scriptSourceCode, spec._scriptParameters, spec._syntheticOrderType,
-                        spec._modules, spec._outputParameters, spec._hideParentOrder);
-    };
-    const auto isSame = [](const auto& left, const auto& right) { return *left == *right; };
-    return values(*this) == values(other) && std::ranges::equal(GetLimits(), other.GetLimits(), isSame);
-}
-
 nxKestrumParameterDefinition*
 nxKestrumAlgorithmSpec::GetScriptParameterDefinition(const std::string& name) const {
     return _scriptParameters.Find(name);
@@ -190,15 +180,6 @@ void nxKestrumAlgorithmSpec::SetScriptOutputParameterDefinitions(const Definitio
 bool nxKestrumAlgorithmSpec::AddScriptOutputParameterDefinition(
     const nxKestrumParameterDefinition& definition) {
     return AddDefinition(_outputParameters, definition);
-}
-
-void nxKestrumAlgorithmSpec::SetLimits(const Limits& limits) {
-    nxOwnedItems<nxKestrumLimit> replacement; // `limits` may be the spec's own
-    for (const auto& limit : limits) {
-        if (limit)
-            replacement.Add(std::unique_ptr<nxKestrumLimit>(limit->CopyInstance()));
-    }
-    _limits = std::move(replacement);
 }
 
 bool nxKestrumAlgorithmSpec::AddLimit(const nxKestrumLimit& limit) {

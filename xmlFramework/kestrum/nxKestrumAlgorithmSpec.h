@@ -40,7 +40,7 @@ public:
     nxKestrumAlgorithmSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
     // Lists are equal whose items are, in order.
-    bool operator==(const nxKestrumAlgorithmSpec& other) const;
+    bool operator==(const nxKestrumAlgorithmSpec&) const = default;
 
     const std::string& GetScriptSourceCode() const { return _scriptSourceCode; }
     void SetScriptSourceCode(const std::string& sourceCode) { _scriptSourceCode = sourceCode; }
@@ -73,7 +73,7 @@ public:
 
     // None is null. Set and Add store copies, Set without null pointers; Add is always true.
     const Limits& GetLimits() const { return _limits.Get(); }
-    void SetLimits(const Limits& limits);
+    void SetLimits(const Limits& limits) { _limits.Assign(limits); }
     bool AddLimit(const nxKestrumLimit& limit);
     void ClearLimits() { _limits.Clear(); }
 

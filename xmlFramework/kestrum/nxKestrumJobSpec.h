@@ -25,6 +25,8 @@ public:
     nxKestrumJobSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxKestrumJobSpec&) const = default;
+
     const std::string& GetAlgorithmSpecName() const { return _algorithmSpecName; }
     void SetAlgorithmSpecName(const std::string& name) { _algorithmSpecName = name; }
     // The user string: name "=" value pairs, each ended by the byte 0x01. See nxKestrumAlgorithmSpec.

@@ -18,6 +18,8 @@ public:
     nxKestrumModuleSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxKestrumModuleSpec&) const = default;
+
     const std::string& GetSourceCode() const { return _sourceCode; }
     void SetSourceCode(const std::string& sourceCode) { _sourceCode = sourceCode; }
 

@@ -15,7 +15,10 @@ public:
     nxKestrumUserLimit() = default; // all null
     nxKestrumUserLimit(const nxKestrumUserLimit&) = default;
     nxKestrumUserLimit& operator=(const nxKestrumUserLimit&) = default;
+    nxKestrumUserLimit(nxKestrumUserLimit&&) noexcept = default;
+    nxKestrumUserLimit& operator=(nxKestrumUserLimit&&) noexcept = default;
     virtual ~nxKestrumUserLimit();
+    bool operator==(const nxKestrumUserLimit&) const = default;
 
     // A copy, which the caller owns.
     nxKestrumUserLimit* CopyInstance() const;

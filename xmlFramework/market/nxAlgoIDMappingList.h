@@ -22,6 +22,8 @@ public:
     nxAlgoIDMappingList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxAlgoIDMappingList&) const = default;
+
     virtual nxErrorEnum IsValid() const; // always OK
 
     Mappings& GetAlgoIDMappings() { return _mappings; }

@@ -22,6 +22,8 @@ public:
     nxBrokerMap* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxBrokerMap&) const = default;
+
     const BrokerIDMap& GetBrokerIDMap() const { return _namesByID; }
     nxUnsignedValueWrapper GetBrokerID(const std::string& name) const; // null for an unknown name
     std::string GetBroker(const nxUnsignedValueWrapper& id) const;     // empty for an unknown ID

@@ -21,7 +21,10 @@ public:
     nxExchangeDefinition() = default; // no role, everything empty
     nxExchangeDefinition(const nxExchangeDefinition&) = default;
     nxExchangeDefinition& operator=(const nxExchangeDefinition&) = default;
+    nxExchangeDefinition(nxExchangeDefinition&&) noexcept = default;
+    nxExchangeDefinition& operator=(nxExchangeDefinition&&) noexcept = default;
     virtual ~nxExchangeDefinition();
+    bool operator==(const nxExchangeDefinition&) const = default;
 
     // nxErrorEnum::InvalidData when the mnemonic is empty.
     virtual nxErrorEnum IsValid() const;

@@ -20,7 +20,7 @@ namespace {
     void Select(const nxExchangeDefinitionList::Definitions& definitions,
                 bool (nxExchangeDefinition::*hasRole)() const, nxExchangeDefinitionList::Selection& out) {
         for (const auto& [mnemonic, definition] : definitions) {
-            if ((*definition.*hasRole)())
+            if (definition && (*definition.*hasRole)())
                 out.emplace(mnemonic, definition.get());
         }
     }
@@ -40,6 +40,10 @@ const bool nxExchangeDefinitionList::_registered = nxXMLDataObject::_Register(ne
 
 nxExchangeDefinitionList::nxExchangeDefinitionList(const nxExchangeDefinitionList& other)
     : nxXMLDataObject(other), _definitions(nxSharedItems::Copy(other._definitions)) {}
+
+bool nxExchangeDefinitionList::operator==(const nxExchangeDefinitionList& other) const {
+    return nxSharedItems::AreEqual(_definitions, other._definitions);
+}
 
 nxErrorEnum nxExchangeDefinitionList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
     nxXMLTree tree;
@@ -84,7 +88,7 @@ nxErrorEnum nxExchangeDefinitionList::IsValid() const {
 bool nxExchangeDefinitionList::GetDescriptionForMnemonic(const std::string& mnemonic,
                                                          std::string& description) const {
     const auto entry = _definitions.find(mnemonic);
-    if (entry == _definitions.end())
+    if (entry == _definitions.end() || !entry->second)
         return false;
     description = entry->second->GetDescription();
     return true;
@@ -106,6 +110,8 @@ void nxExchangeDefinitionList::ProcessExchangeDefinitionList(
     std::map<std::string, std::string>& micToMnemonic, bool wantSimulated, bool wantNew) const {
     std::map<std::string, std::set<std::string>> venuesByMIC;
     for (const auto& [key, definition] : _definitions) {
+        if (!definition)
+            continue;
         for (const std::string& mic : definition->GetMICs())
             venuesByMIC[mic].insert(definition->GetMnemonic());
     }

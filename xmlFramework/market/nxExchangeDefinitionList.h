@@ -17,11 +17,16 @@
 // as one of them holds it.
 class XMLFRAMEWORK_API nxExchangeDefinitionList : public nxXMLDataObject {
 public:
-    using Definitions = std::map<std::string, std::shared_ptr<nxExchangeDefinition>>; // by mnemonic; no nulls
+    using Definitions =
+        std::map<std::string,
+                 std::shared_ptr<nxExchangeDefinition>>; // by mnemonic; a null pointer is not valid, and is
+                                                         // passed over by everything else
 
     nxExchangeDefinitionList() = default;
     nxExchangeDefinitionList(const nxExchangeDefinitionList& other);
     nxExchangeDefinitionList& operator=(const nxExchangeDefinitionList& other) = default;
+    nxExchangeDefinitionList(nxExchangeDefinitionList&&) noexcept = default;
+    nxExchangeDefinitionList& operator=(nxExchangeDefinitionList&&) noexcept = default;
 
     // Adds to what the list holds; of several definitions of one mnemonic the first stays.
     nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
@@ -30,6 +35,8 @@ public:
     nxXMLDataObject* CreateInstance() const override;
     nxExchangeDefinitionList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
+
+    bool operator==(const nxExchangeDefinitionList& other) const; // in the values of the items
 
     // The first result, in key order, of an item that is not valid.
     virtual nxErrorEnum IsValid() const;

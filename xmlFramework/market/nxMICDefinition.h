@@ -26,7 +26,10 @@ public:
     nxMICDefinition() = default;
     nxMICDefinition(const nxMICDefinition&) = default;
     nxMICDefinition& operator=(const nxMICDefinition&) = default;
+    nxMICDefinition(nxMICDefinition&&) noexcept = default;
+    nxMICDefinition& operator=(nxMICDefinition&&) noexcept = default;
     virtual ~nxMICDefinition();
+    bool operator==(const nxMICDefinition&) const = default;
 
     // nxErrorEnum::InvalidData when the MIC is empty.
     virtual nxErrorEnum IsValid() const;

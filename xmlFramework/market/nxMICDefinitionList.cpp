@@ -34,6 +34,10 @@ const bool nxMICDefinitionList::_registered = nxXMLDataObject::_Register(new nxM
 nxMICDefinitionList::nxMICDefinitionList(const nxMICDefinitionList& other)
     : nxXMLDataObject(other), _definitions(nxSharedItems::Copy(other._definitions)) {}
 
+bool nxMICDefinitionList::operator==(const nxMICDefinitionList& other) const {
+    return nxSharedItems::AreEqual(_definitions, other._definitions);
+}
+
 nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
     nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.

@@ -17,11 +17,15 @@
 class XMLFRAMEWORK_API nxMICDefinitionList : public nxXMLDataObject {
 public:
     using Definitions =
-        std::map<std::string, std::shared_ptr<nxMICDefinition>>; // by MIC, in byte order; no nulls
+        std::map<std::string,
+                 std::shared_ptr<nxMICDefinition>>; // by MIC, in byte order; a null pointer is not valid, and
+                                                    // is passed over by everything else
 
     nxMICDefinitionList() = default;
     nxMICDefinitionList(const nxMICDefinitionList& other);
     nxMICDefinitionList& operator=(const nxMICDefinitionList& other) = default;
+    nxMICDefinitionList(nxMICDefinitionList&&) noexcept = default;
+    nxMICDefinitionList& operator=(nxMICDefinitionList&&) noexcept = default;
 
     // Adds to what the list holds; of several definitions of one MIC the first stays.
     nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
@@ -30,6 +34,8 @@ public:
     nxXMLDataObject* CreateInstance() const override;
     nxMICDefinitionList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
+
+    bool operator==(const nxMICDefinitionList& other) const; // in the values of the items
 
     // The first result, in key order, of an item that is not valid.
     virtual nxErrorEnum IsValid() const;

@@ -24,6 +24,8 @@ public:
     nxOrvalenPriceUsageStatistics* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxOrvalenPriceUsageStatistics&) const = default;
+
     // nxErrorEnum::InvalidRecord when the user ID is null or no change. The products are not looked at.
     virtual nxErrorEnum IsValid() const;
 

@@ -32,6 +32,8 @@ public:
         _noOfPriceUpdatesForUnobservedProducts = count;
     }
 
+    bool operator==(const nxOrvalenPriceUsageStatisticsForProduct&) const = default;
+
     // The counts as child elements of `element`. Reading leaves a count that is missing or malformed as it
     // was.
     void SaveToXML(nxXMLElement& element) const;

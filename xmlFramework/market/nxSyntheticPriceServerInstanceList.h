@@ -20,6 +20,8 @@ public:
     nxSyntheticPriceServerInstanceList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxSyntheticPriceServerInstanceList&) const = default;
+
     virtual nxErrorEnum IsValid() const; // always OK
 
     std::vector<std::string>& GetSyntheticPriceServerInstances() { return _instances; }

@@ -24,7 +24,10 @@ public:
     nxTradingHoursPeriod() = default; // everything empty, null or undefined
     nxTradingHoursPeriod(const nxTradingHoursPeriod&) = default;
     nxTradingHoursPeriod& operator=(const nxTradingHoursPeriod&) = default;
+    nxTradingHoursPeriod(nxTradingHoursPeriod&&) noexcept = default;
+    nxTradingHoursPeriod& operator=(nxTradingHoursPeriod&&) noexcept = default;
     virtual ~nxTradingHoursPeriod();
+    bool operator==(const nxTradingHoursPeriod&) const = default;
 
     // OK when the session type is set, there is a region and a time at one end at least, and both days are
     // set, at most 6 and in order: a period never wraps over the end of the week. Else
@@ -62,8 +65,6 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
-
-    bool operator==(const nxTradingHoursPeriod&) const = default;
 
     std::string _startTimeZoneRegion;
     std::string _endTimeZoneRegion;

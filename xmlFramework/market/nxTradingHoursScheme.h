@@ -19,7 +19,10 @@ public:
     nxTradingHoursScheme() = default;
     nxTradingHoursScheme(const nxTradingHoursScheme&) = default;
     nxTradingHoursScheme& operator=(const nxTradingHoursScheme&) = default;
+    nxTradingHoursScheme(nxTradingHoursScheme&&) noexcept = default;
+    nxTradingHoursScheme& operator=(nxTradingHoursScheme&&) noexcept = default;
     virtual ~nxTradingHoursScheme();
+    bool operator==(const nxTradingHoursScheme&) const = default;
 
     // nxErrorEnum::InvalidData when the name is empty. The periods are not looked at.
     virtual nxErrorEnum IsValid() const;

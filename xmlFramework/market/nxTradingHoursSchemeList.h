@@ -23,6 +23,8 @@ public:
     nxTradingHoursSchemeList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxTradingHoursSchemeList&) const = default;
+
     // The first result, in key order, of a scheme that is not valid.
     virtual nxErrorEnum IsValid() const;
 

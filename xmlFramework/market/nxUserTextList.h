@@ -20,6 +20,8 @@ public:
     nxUserTextList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
+    bool operator==(const nxUserTextList&) const = default;
+
     virtual nxErrorEnum IsValid() const; // always OK
 
     // The name under which callers store a user's list: "UserTextList_42"; "UserTextList_???" without an ID.

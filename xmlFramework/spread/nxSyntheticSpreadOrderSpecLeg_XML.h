@@ -99,6 +99,7 @@ public:
     }
 
     // Whether every setting is the same. Null equals null and differs from no change.
+    bool operator==(const nxSyntheticSpreadOrderSpecLeg_XML&) const = default;
     bool IsEqual(const nxSyntheticSpreadOrderSpecLeg_XML& other) const { return *this == other; }
 
     // The leg as child elements of `element`; always OK, and nothing is logged. Documents hold the payup
@@ -133,8 +134,6 @@ private:
     bool _IsFinesseVolumeEnough(const std::string& logPrefix) const;
     bool _IsBandValid(std::size_t index, const std::string& logPrefix) const;
     bool _IsExecutionRestrictionSupported(const std::string& logPrefix) const;
-
-    bool operator==(const nxSyntheticSpreadOrderSpecLeg_XML&) const = default;
 
     bool _workingLeg = false;
     nxOrderTypeEnum _orderType;

@@ -9,6 +9,7 @@
 #include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxSyntheticSpreadOrderSpec_XML";
@@ -37,6 +38,11 @@ namespace {
 
         Legs& _legs;
     };
+
+    // Users may leave null pointers among the legs.
+    auto WithoutNulls(const nxSyntheticSpreadOrderSpec_XML::Legs& legs) {
+        return std::views::filter(legs, [](const auto& leg) { return leg != nullptr; });
+    }
 } // namespace
 
 struct nxSyntheticSpreadOrderSpec_XML::Fields {
@@ -65,8 +71,17 @@ nxSyntheticSpreadOrderSpec_XML::operator=(const nxSyntheticSpreadOrderSpec_XML& 
     _exchangeDestinationOverride = other._exchangeDestinationOverride;
     _legs.clear();
     for (const auto& leg : other._legs)
-        _legs.push_back(std::make_unique<nxSyntheticSpreadOrderSpecLeg_XML>(*leg));
+        _legs.push_back(leg ? std::make_unique<nxSyntheticSpreadOrderSpecLeg_XML>(*leg) : nullptr);
     return *this;
+}
+
+bool nxSyntheticSpreadOrderSpec_XML::operator==(const nxSyntheticSpreadOrderSpec_XML& other) const {
+    const auto areSame = [](const auto& leg, const auto& otherLeg) {
+        return leg && otherLeg ? *leg == *otherLeg : leg == otherLeg;
+    };
+    return _specName == other._specName && std::ranges::equal(_legs, other._legs, areSame) &&
+           _scratchIfLegged == other._scratchIfLegged &&
+           _exchangeDestinationOverride == other._exchangeDestinationOverride;
 }
 
 nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertFromXML(const std::string& xml,
@@ -105,23 +120,31 @@ nxErrorEnum nxSyntheticSpreadOrderSpec_XML::IsValid(const std::string& logPrefix
         nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, "Spec must contain at least 2 legs");
         return nxErrorEnum::InvalidData;
     }
-    const bool valid = std::ranges::all_of(_legs, [&](const auto& leg) { return leg->IsValid(logPrefix); });
-    return valid ? nxErrorEnum::OK : nxErrorEnum::InvalidData;
+    for (const auto& leg : _legs) {
+        if (!leg)
+            nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, "A leg is missing");
+        if (!leg || !leg->IsValid(logPrefix))
+            return nxErrorEnum::InvalidData;
+    }
+    return nxErrorEnum::OK;
 }
 
 unsigned int nxSyntheticSpreadOrderSpec_XML::GetWorkingLegCount() const {
     return static_cast<unsigned int>(
-        std::ranges::count_if(_legs, [](const auto& leg) { return leg->GetWorkingLeg(); }));
+        std::ranges::count_if(WithoutNulls(_legs), [](const auto& leg) { return leg->GetWorkingLeg(); }));
 }
 
 bool nxSyntheticSpreadOrderSpec_XML::ContainsAuctionModeLegs() const {
-    return std::ranges::any_of(_legs, [](const auto& leg) { return leg->GetIsAuctionModeLeg(); });
+    return std::ranges::any_of(WithoutNulls(_legs),
+                               [](const auto& leg) { return leg->GetIsAuctionModeLeg(); });
 }
 
 std::string nxSyntheticSpreadOrderSpec_XML::GetAsLogString() const {
-    std::string text = "Leg count: " + std::to_string(_legs.size());
-    for (std::size_t i = 0; i < _legs.size(); ++i)
-        text += ", Leg #: " + std::to_string(i) + _legs[i]->GetAsLogString();
+    std::string legs;
+    std::size_t count = 0;
+    for (const auto& leg : WithoutNulls(_legs))
+        legs += ", Leg #: " + std::to_string(count++) + leg->GetAsLogString();
+    std::string text = "Leg count: " + std::to_string(count) + legs;
     text += ", Scratch if legged: " + nxStringHelper::GetAsString(_scratchIfLegged);
     text += ", Exchange destination override: " + _exchangeDestinationOverride;
     return text;

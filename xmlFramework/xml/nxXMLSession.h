@@ -19,7 +19,8 @@ public:
     // The session of the process.
     static nxXMLSession& Get();
 
-    // The number of the next in-memory buffer, from 0 on, and its name: "nxMemBufInputSource0". From any thread.
+    // The number of the next in-memory buffer, from 0 on, and its name: "nxMemBufInputSource0". From any
+    // thread.
     int NextBufferNumber();
     std::string NextBufferName();
 
