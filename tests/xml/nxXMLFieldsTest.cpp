@@ -151,7 +151,8 @@ TEST(nxXMLFieldsLists, TakeTheChildrenThatTheirKindTakes) {
     const std::string children = Elements("x=1 x= y=2 x=3 k-=4 k-b=5 k-a=6 y=7 k-c=8");
     const auto read = [&](auto kind, const char* name, const std::string& before = "") {
         std::vector<std::string> items;
-        Reader reader(Document("<l>" + before + children + "</l>").Root(), Context);
+        const Document document("<l>" + before + children + "</l>");
+        Reader reader(document.Root(), Context);
         reader("l", ListOf<decltype(kind)>(name, items));
         reader("m", ListOf<decltype(kind)>(name, items)); // is not there, which is no failure
         EXPECT_EQ(reader.GetResult(), nxErrorEnum::OK);
@@ -191,8 +192,8 @@ TEST(nxXMLFieldsLists, ByNumberTakeTheFirstOfEachNumberInOrder) {
 TEST(nxXMLFieldsLists, EndAtAnItemThatCannotBeReadAndPassItsFailureOn) {
     const std::string item = Element("i", Elements("Key=k"));
     std::map<std::string, Item> items;
-    Reader reader(Document(Element("l", item + "<i><Key/></i>" + Element("i", Elements("Key=late")))).Root(),
-                  Context);
+    const Document document(Element("l", item + "<i><Key/></i>" + Element("i", Elements("Key=late"))));
+    Reader reader(document.Root(), Context);
     reader("l", ListOf("i", KeyedBy(&Item::key, items)));
     EXPECT_EQ(reader.GetResult(), nxErrorEnum::ValueNotFound);
     ASSERT_EQ(items.size(), 1U);

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -141,6 +142,14 @@ nxErrorEnum nxKestrumAlgorithmSpec::ConvertToXML(std::string& xmlOut, const std:
     return nxXMLConversion::Save("KestrumAlgorithmSpec", xmlOut, [this](nxXMLSink& sink) {
         Fields::Visit(*this, nxXMLFields::Writer(sink, nxXMLFields::AfterFailure::Stop));
     });
+}
+
+bool nxKestrumAlgorithmSpec::operator==(const nxKestrumAlgorithmSpec& other) const {
+    const auto values = [](const nxKestrumAlgorithmSpec& spec) {
+        return std::tie(spec._scriptSourceCode, spec._scriptParameters, spec._syntheticOrderType,
+                        spec._limits, spec._modules, spec._outputParameters, spec._hideParentOrder);
+    };
+    return values(*this) == values(other);
 }
 
 nxUnsignedValueWrapper nxKestrumAlgorithmSpec::GetDataCategoryTypeID() {

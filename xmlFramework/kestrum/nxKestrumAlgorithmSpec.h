@@ -40,7 +40,7 @@ public:
     nxKestrumAlgorithmSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
     // Lists are equal whose items are, in order.
-    bool operator==(const nxKestrumAlgorithmSpec&) const = default;
+    bool operator==(const nxKestrumAlgorithmSpec& other) const;
 
     const std::string& GetScriptSourceCode() const { return _scriptSourceCode; }
     void SetScriptSourceCode(const std::string& sourceCode) { _scriptSourceCode = sourceCode; }

@@ -9,6 +9,8 @@
 #include "xmlFramework/kestrum/nxKestrumUserString.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
 
+#include <tuple>
+
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxKestrumJobSpec";
 
@@ -66,6 +68,15 @@ nxErrorEnum nxKestrumJobSpec::ConvertToXML(std::string& xmlOut, const std::strin
     return nxXMLConversion::Save("KestrumJobSpec", xmlOut, [this](nxXMLSink& sink) {
         Fields::Visit(*this, nxXMLFields::Writer(sink));
     });
+}
+
+bool nxKestrumJobSpec::operator==(const nxKestrumJobSpec& other) const {
+    const auto values = [](const nxKestrumJobSpec& spec) {
+        return std::tie(spec._algorithmSpecName, spec._parameters, spec._limits, spec._accountID,
+                        spec._backTestingAccountID, spec._maxTransactions, spec._maxTransactionsPerSecond,
+                        spec._preferredExchangeUser, spec._antiCrossPullOrders, spec._disablePreLimitCheck);
+    };
+    return values(*this) == values(other);
 }
 
 nxUnsignedValueWrapper nxKestrumJobSpec::GetDataCategoryTypeID() {

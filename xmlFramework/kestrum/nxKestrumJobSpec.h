@@ -25,7 +25,7 @@ public:
     nxKestrumJobSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxKestrumJobSpec&) const = default;
+    bool operator==(const nxKestrumJobSpec& other) const;
 
     const std::string& GetAlgorithmSpecName() const { return _algorithmSpecName; }
     void SetAlgorithmSpecName(const std::string& name) { _algorithmSpecName = name; }

@@ -18,7 +18,7 @@ public:
     nxKestrumModuleSpec* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxKestrumModuleSpec&) const = default;
+    bool operator==(const nxKestrumModuleSpec& other) const { return _sourceCode == other._sourceCode; }
 
     const std::string& GetSourceCode() const { return _sourceCode; }
     void SetSourceCode(const std::string& sourceCode) { _sourceCode = sourceCode; }

@@ -22,7 +22,7 @@ public:
     nxAlgoIDMappingList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxAlgoIDMappingList&) const = default;
+    bool operator==(const nxAlgoIDMappingList& other) const { return _mappings == other._mappings; }
 
     virtual nxErrorEnum IsValid() const; // always OK
 

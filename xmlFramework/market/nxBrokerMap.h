@@ -22,7 +22,9 @@ public:
     nxBrokerMap* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxBrokerMap&) const = default;
+    bool operator==(const nxBrokerMap& other) const {
+        return _idsByName == other._idsByName && _namesByID == other._namesByID;
+    }
 
     const BrokerIDMap& GetBrokerIDMap() const { return _namesByID; }
     nxUnsignedValueWrapper GetBrokerID(const std::string& name) const; // null for an unknown name

@@ -24,7 +24,9 @@ public:
     nxOrvalenPriceUsageStatistics* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxOrvalenPriceUsageStatistics&) const = default;
+    bool operator==(const nxOrvalenPriceUsageStatistics& other) const {
+        return _userID == other._userID && _products == other._products;
+    }
 
     // nxErrorEnum::InvalidRecord when the user ID is null or no change. The products are not looked at.
     virtual nxErrorEnum IsValid() const;

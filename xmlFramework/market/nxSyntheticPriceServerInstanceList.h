@@ -20,7 +20,9 @@ public:
     nxSyntheticPriceServerInstanceList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxSyntheticPriceServerInstanceList&) const = default;
+    bool operator==(const nxSyntheticPriceServerInstanceList& other) const {
+        return _instances == other._instances;
+    }
 
     virtual nxErrorEnum IsValid() const; // always OK
 

@@ -23,7 +23,7 @@ public:
     nxTradingHoursSchemeList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxTradingHoursSchemeList&) const = default;
+    bool operator==(const nxTradingHoursSchemeList& other) const { return _schemes == other._schemes; }
 
     // The first result, in key order, of a scheme that is not valid.
     virtual nxErrorEnum IsValid() const;

@@ -20,7 +20,7 @@ public:
     nxUserTextList* CopyInstance() const override;
     using nxXMLDataObject::CreateInstance;
 
-    bool operator==(const nxUserTextList&) const = default;
+    bool operator==(const nxUserTextList& other) const { return _texts == other._texts; }
 
     virtual nxErrorEnum IsValid() const; // always OK
 

@@ -45,7 +45,6 @@ protected:
     nxXMLDataObject() = default;
     nxXMLDataObject(const nxXMLDataObject&) = default;
     nxXMLDataObject& operator=(const nxXMLDataObject&) = default;
-    bool operator==(const nxXMLDataObject&) const = default; // for records, which compare what they hold
 
     // Takes the prototype of a class. When its code is taken already, the first one stays: the second is
     // logged and deleted, and the result is false. To be called while libraries are loaded.
