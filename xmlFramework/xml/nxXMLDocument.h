@@ -28,12 +28,14 @@ public:
     nxXMLDocument& operator=(const nxXMLDocument&) = delete;
 
     // Loads replace the document when they succeed, and leave it, and all handles on it, as they were when
-    // they fail. Once the parser has reported anything on this object, every later load fails: use a fresh
-    // object each time.
+    // they fail. Once anything was reported against a text on this object, every later load fails: use a
+    // fresh object each time. A text may be in any encoding that its byte-order mark or its XML declaration
+    // tells.
     //
-    // nxErrorEnum::XMLParseFailed: the text is not well-formed, or the parser had something to say against
-    // it. nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
-    // there was no document before. `path` is a file name or a "file:///" URI.
+    // nxErrorEnum::XMLParseFailed: the bytes are no text in their encoding, the text is not well-formed, or
+    // the parser had something to say against it. nxErrorEnum::XMLNoDocumentParsed: the file could not be
+    // read, or the parser gave it up at once and there was no document before. `path` is a file name or a
+    // "file:///" URI.
     nxErrorEnum LoadFromFile(const std::string& path);
     nxErrorEnum LoadFromFile(const std::wstring& path);
     nxErrorEnum LoadFromString(const std::string& xml);
