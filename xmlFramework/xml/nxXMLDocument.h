@@ -15,8 +15,8 @@
 //
 // Texts are UTF-8, whatever the locale. Nothing from outside is read: a document with a DOCTYPE of any kind
 // is refused, and so is a path that names something else than a local file. Problems are logged at
-// nxLogLevelEnum::Error where they are found; nothing is thrown. Used by one thread at a time; different
-// documents are independent.
+// nxLogLevelEnum::Error where they are found; nothing is thrown but std::bad_alloc, after which the document
+// is as it was. Used by one thread at a time; different documents are independent.
 class XMLFRAMEWORK_API nxXMLDocument {
 public:
     // Elements nested more deeply than this are loaded, but not saved: the serialiser works recursively.
@@ -50,8 +50,8 @@ public:
     // A handle on the root element; invalid when there is no document.
     nxXMLElement GetRootElement() const;
 
-    // The root element as one line without XML declaration, byte-order mark or indentation. What it says
-    // reads back the same, line ends and blanks included.
+    // The root element without XML declaration, byte-order mark, indentation, or line ends other than those
+    // within its texts and comments. What it says reads back the same, line ends and blanks included.
     //
     // nxErrorEnum::XMLDocumentMissing: there is nothing to save.
     // nxErrorEnum::XMLTextNotCarried: the document was given a text that XML cannot carry (see nxXMLElement).

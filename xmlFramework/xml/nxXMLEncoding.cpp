@@ -101,32 +101,40 @@ namespace {
     // Without a branch in the loop, so that the compiler can use vector instructions.
     constexpr std::size_t BlockSize = 64;
     bool IsBlockOfPlainASCII(const char* block) {
-        bool plain = true;
-        for (std::size_t i = 0; i < BlockSize; ++i)
-            plain &= static_cast<signed char>(block[i]) > 0;
-        return plain;
+        unsigned char seen = 0;
+        for (std::size_t i = 0; i < BlockSize; ++i) {
+            const auto byte = static_cast<unsigned char>(block[i]);
+            seen = static_cast<unsigned char>(
+                seen | byte | static_cast<unsigned char>(byte - 1U)); // so that NUL sets the upper bit, too
+        }
+        return (seen & 0x80U) == 0;
     }
 
-    // The size of the character that the text begins with; 0 for what is no valid character, or is NUL.
-    std::size_t CharacterSize(std::string_view text) {
-        const auto byteAt = [text](std::size_t i) {
-            return i < text.size() ? static_cast<unsigned char>(text[i]) : 0U;
-        };
+    bool IsPlainASCII(char byte) {
+        return static_cast<signed char>(byte) > 0;
+    }
+
+    constexpr bool IsContinuation(unsigned int byte) {
+        return (byte & 0xC0U) == 0x80U;
+    }
+
+    // The size of the character behind ASCII that the text begins with; 0 for what is no valid one.
+    std::size_t LongCharacterSize(std::string_view text) {
+        const auto byteAt = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
         const unsigned int lead = byteAt(0);
-        if (lead < 0x80)
-            return lead != 0 ? 1 : 0;
+        const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+        if (lead < 0xC2 || lead > 0xF4 || text.size() < size)
+            return 0;
 
         // The range of the second byte rules out overlong forms, surrogates and what lies beyond Unicode.
-        const std::size_t size = lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
         const unsigned int low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
         const unsigned int high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-        bool valid = lead >= 0xC2 && lead <= 0xF4 && byteAt(1) >= low && byteAt(1) <= high;
-        for (std::size_t i = 2; i < size; ++i)
-            valid &= (byteAt(i) & 0xC0U) == 0x80U;
+        const bool valid = byteAt(1) >= low && byteAt(1) <= high && (size < 3 || IsContinuation(byteAt(2))) &&
+                           (size < 4 || IsContinuation(byteAt(3)));
         return valid ? size : 0;
     }
 
-    // Where the valid characters end.
+    // Where the valid characters other than NUL end.
     std::size_t ValidSize(std::string_view text) {
         std::size_t i = 0;
         while (i < text.size()) {
@@ -134,9 +142,8 @@ namespace {
                 i += BlockSize;
                 continue;
             }
-            const std::size_t blockEnd = std::min(i + BlockSize, text.size());
-            while (i < blockEnd) {
-                const std::size_t size = CharacterSize(text.substr(i));
+            for (const std::size_t end = std::min(i + BlockSize, text.size()); i < end;) {
+                const std::size_t size = IsPlainASCII(text[i]) ? 1 : LongCharacterSize(text.substr(i));
                 if (size == 0)
                     return i;
                 i += size;
