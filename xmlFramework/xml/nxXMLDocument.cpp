@@ -12,6 +12,7 @@
 #include "xmlFramework/xml/nxDOMErrorHandler.h"
 #include "xmlFramework/xml/nxFilePath.h"
 #include "xmlFramework/xml/nxXMLEncoding.h"
+#include "xmlFramework/xml/nxXMLLimits.h"
 #include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 #include "xmlFramework/xml/nxXMLSession.h"
@@ -143,15 +144,38 @@ namespace {
         void writeChars(const XMLByte* bytes, XMLSize_t count, XMLFormatter* /*formatter*/) override {
             _text.append(reinterpret_cast<const char*>(bytes), count);
         }
+        void Write(std::string_view utf8) { _text += utf8; }
         std::string Take() { return std::move(_text); }
 
     private:
         std::string _text;
     };
 
+    // Writes comments in the serialiser's place, which looks through all siblings of each.
+    class CommentWriter final : public DOMLSSerializerFilter {
+    public:
+        explicit CommentWriter(StringTarget& target) : _target(target) {}
+
+        FilterAction acceptNode(const DOMNode* comment) const override {
+            std::string utf8;
+            _isText &= nxXMLTextOut::Convert(comment->getNodeValue(), utf8) && !nxXMLText(utf8).GetProblem();
+            _target.Write("<!--" + utf8 + "-->");
+            return FILTER_REJECT;
+        }
+        ShowType getWhatToShow() const override { return DOMNodeFilter::SHOW_COMMENT; }
+
+        // False when a comment held what XML cannot carry.
+        bool IsText() const { return _isText; }
+
+    private:
+        StringTarget& _target;
+        mutable bool _isText = true; // the parser library has acceptNode const
+    };
+
     Released<DOMLSSerializer> CreateDOMSerialiser(DOMImplementation& implementation,
-                                                  nxDOMErrorHandler& handler) {
+                                                  nxDOMErrorHandler& handler, CommentWriter& comments) {
         Released<DOMLSSerializer> serialiser(implementation.createLSSerializer());
+        serialiser->setFilter(&comments);
         DOMConfiguration* const configuration = serialiser->getDomConfig();
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
 
@@ -223,6 +247,8 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
     const bool isText = nxXMLEncoding::ToUTF8(input.text, converted, utf8, problem);
     if (!isText && problem.declaration.empty())
         return Refuse(input, problem.description);
+    if (const char* const limit = nxXMLLimits::FindProblem(utf8))
+        return Refuse(input, limit);
 
     Released<DOMDocument> parsed = isText ? Parse(input, utf8, XMLUni::fgUTF8EncodingString)
                                           : Parse(input, problem.declaration, nullptr);
@@ -281,13 +307,19 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
 
     try {
         DOMImplementation& implementation = *Implementation(u"Core");
-        const Released<DOMLSSerializer> serialiser = CreateDOMSerialiser(implementation, errorHandler);
-        const Released<DOMLSOutput> output(implementation.createLSOutput());
         StringTarget target;
+        CommentWriter comments(target);
+        const Released<DOMLSSerializer> serialiser =
+            CreateDOMSerialiser(implementation, errorHandler, comments);
+        const Released<DOMLSOutput> output(implementation.createLSOutput());
         output->setEncoding(XMLUni::fgUTF8EncodingString);
         output->setByteStream(&target);
         if (!serialiser->write(root, output.get()))
             return nxErrorEnum::XMLTextNotCarried; // the handler has said why
+        if (!comments.IsText()) {
+            LogFailure(Saving, subject, "a comment cannot be carried by XML");
+            return nxErrorEnum::XMLTextNotCarried;
+        }
         utf8 = target.Take();
         return nxErrorEnum::OK;
     } catch (const DOMLSException& error) { // something in the document is no XML 1.0

@@ -32,10 +32,10 @@ public:
     // fresh object each time. A text may be in any encoding that its byte-order mark or its XML declaration
     // tells.
     //
-    // nxErrorEnum::XMLParseFailed: the bytes are no text in their encoding, the text is not well-formed, or
-    // the parser had something to say against it. nxErrorEnum::XMLNoDocumentParsed: the file could not be
-    // read, or the parser gave it up at once and there was no document before. `path` is a file name or a
-    // "file:///" URI.
+    // nxErrorEnum::XMLParseFailed: the bytes are no text in their encoding, the text is not well-formed, the
+    // parser had something to say against it, or it would take the parser minutes (see docs/xml.md).
+    // nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
+    // there was no document before. `path` is a file name or a "file:///" URI.
     nxErrorEnum LoadFromFile(const std::string& path);
     nxErrorEnum LoadFromFile(const std::wstring& path);
     nxErrorEnum LoadFromString(const std::string& xml);
