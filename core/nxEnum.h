@@ -80,12 +80,24 @@ constexpr unsigned int nxEnumStoredValue(unsigned int value, unsigned int min, u
     return inRange || universal ? value : nxEnum::UndefinedValue;
 }
 
+// The comparisons of an enumeration class. They stand by themselves because GCC takes the destructor of a
+// class with friends for one that everybody may call, whatever its access.
+template <class Derived>
+class nxEnumComparison {
+    friend constexpr bool operator==(const Derived& left, const Derived& right) {
+        return left.GetEnumValue() == right.GetEnumValue();
+    }
+    friend constexpr bool operator<(const Derived& left, const Derived& right) {
+        return left._LessThan(right);
+    }
+};
+
 // Gives an enumeration class its construction, assignment and comparison. `Derived` supplies
 //   static constexpr std::string_view ClassName;
 //   static constexpr unsigned int MinValue, MaxValue;   the open bounds of its range
 //   static std::span<const nxEnumRow> Rows();           its values and texts, in ascending order of value
 template <class Derived>
-class NXCORE_API nxEnumClass : public nxEnum {
+class NXCORE_API nxEnumClass : public nxEnum, private nxEnumComparison<Derived> {
 public:
     constexpr nxEnumClass() = default;
     // A value outside the class's range becomes 0: see nxEnumStoredValue.
@@ -101,14 +113,11 @@ public:
     unsigned int _MinValue() const override { return Derived::MinValue; }
     unsigned int _MaxValue() const override { return Derived::MaxValue; }
 
-    friend constexpr bool operator==(const Derived& left, const Derived& right) {
-        return left.GetEnumValue() == right.GetEnumValue();
-    }
-    friend constexpr bool operator<(const Derived& left, const Derived& right) {
-        return left._LessThan(right);
-    }
-
 protected:
+    nxEnumClass(const nxEnumClass&) = default;
+    nxEnumClass& operator=(const nxEnumClass&) = default;
+    ~nxEnumClass() = default; // values are never deleted by way of a base
+
     std::span<const nxEnumRow> _Rows() const override { return Derived::Rows(); }
 };
 

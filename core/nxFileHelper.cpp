@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -64,8 +65,15 @@ namespace {
     }
 
     bool WriteInPlace(const std::string& path, std::string_view contents) {
-        FileDescriptor file(::open(path.c_str(), O_WRONLY | O_CLOEXEC));
+        FileDescriptor file(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
         return file.IsOpen() && WriteAll(file.Get(), contents) && file.Close();
+    }
+
+    // Whether it is the place that allows no file to be put there: the folder may not be written to, or the
+    // file is a mount of its own. The file itself may be open to writing all the same.
+    bool IsPlaceClosed(int problem) {
+        constexpr std::array Closed = {EACCES, EPERM, EROFS, EBUSY, EXDEV};
+        return std::ranges::find(Closed, problem) != Closed.end();
     }
 
     // A file of its own beside `path`, open for writing; closed when there is none to be had.
@@ -124,7 +132,9 @@ namespace {
             errno = error.value();
             return false;
         }
-        return WriteBesideAndRename(place.native(), contents, status.st_mode & 07777U);
+        if (WriteBesideAndRename(place.native(), contents, status.st_mode & 07777U))
+            return true;
+        return IsPlaceClosed(errno) && WriteInPlace(place.native(), contents);
     }
 } // namespace
 

@@ -20,7 +20,10 @@ public:
 
     // The file appears whole or not at all: it is written beside its place, flushed to the disk and then
     // renamed, so that a failure leaves a file that was there before as it was. Its permissions and a
-    // symbolic link to it are kept; its owner, hard links and a link that leads nowhere are not. What is no
-    // regular file (a pipe, a terminal) is written in place.
+    // symbolic link to it are kept; its owner, hard links and a link that leads nowhere are not.
+    //
+    // Written in place is what is no regular file (a pipe, a terminal), and a file that may be written, but
+    // where no other may be put: its folder allows none, or it is a mount of its own. Such a file is cut off
+    // when the writing fails halfway, and whoever reads it meanwhile sees a part.
     static nxErrorEnum Write(const std::string& path, std::string_view contents, std::string& problem);
 };

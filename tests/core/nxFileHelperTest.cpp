@@ -8,7 +8,11 @@
 #include "tests/support/nxTempFolder.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <set>
 
@@ -86,6 +90,63 @@ TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
     EXPECT_EQ(Contents(path), "after");
     EXPECT_TRUE(fs::is_symlink(folder.PathOf("links/a.xml")) && fs::is_symlink(folder.PathOf("b.xml")));
     EXPECT_EQ(NamesIn(folder.Path() / "links"), std::set<std::string>{"a.xml"});
+}
+
+// In a process of its own, since it gives up rights.
+TEST(nxFileHelperWrite, WritesAFileInPlaceWhereNoOtherMayBePut) {
+    const nxTempFolder folder;
+    fs::permissions(folder.Path(), fs::perms{0755});
+    const std::string path = folder.PathOf("closed/a.xml");
+    const std::string protectedPath = folder.PathOf("closed/b.xml");
+    fs::create_directory(folder.PathOf("closed"));
+    for (const auto& [file, mode] : {std::pair(path, 0666U), std::pair(protectedPath, 0444U)}) {
+        ExpectWritten(file, "longer than what comes after");
+        ASSERT_EQ(chmod(file.c_str(), mode), 0);
+    }
+    fs::permissions(folder.PathOf("closed"), fs::perms{0555});
+    const auto write = [&] {
+        constexpr unsigned int Nobody = 65534;
+        if (geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0))
+            _exit(2);
+        ExpectWritten(path, "after");
+        ExpectNotWritten(protectedPath, "after");
+        ExpectNotWritten(folder.PathOf("closed/new.xml"), "after");
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    };
+    EXPECT_EXIT(write(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(Contents(path), "after");
+    EXPECT_EQ(Contents(protectedPath), "longer than what comes after");
+    EXPECT_EQ(NamesIn(folder.PathOf("closed")), (std::set<std::string>{"a.xml", "b.xml"}));
+    fs::permissions(folder.PathOf("closed"), fs::perms{0755});
+}
+
+// In a process with mounts of its own, where the system grants that.
+TEST(nxFileHelperWrite, WritesAFileInPlaceThatIsAMount) {
+    const nxTempFolder folder;
+    const std::string source = folder.PathOf("source.xml");
+    const std::string path = folder.PathOf("mount.xml");
+    ExpectWritten(source, "longer than what comes after");
+    ExpectWritten(path, "behind the mount");
+    constexpr int NotGranted = 77;
+    const auto write = [&] {
+        const int rights = geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
+        if (unshare(rights) != 0 || mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
+            mount(source.c_str(), path.c_str(), nullptr, MS_BIND, nullptr) != 0)
+            _exit(NotGranted);
+        ExpectWritten(path, "after");
+        _exit(testing::Test::HasFailure() ? 1 : 0);
+    };
+    const pid_t child = fork();
+    if (child == 0)
+        write();
+    int status = 0;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    if (WIFEXITED(status) && WEXITSTATUS(status) == NotGranted)
+        GTEST_SKIP() << "no mounts of its own for a process here";
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(Contents(source), "after");
+    EXPECT_EQ(Contents(path), "behind the mount");
+    EXPECT_EQ(NamesIn(folder.Path()), (std::set<std::string>{"mount.xml", "source.xml"}));
 }
 
 TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhatIsNoPlaceForAFile) {

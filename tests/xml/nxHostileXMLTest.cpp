@@ -3,6 +3,7 @@
 
 // Documents made to do harm: to make the parser read or call something, or to exhaust it.
 
+#include "core/nxStringHelper.h"
 #include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
@@ -16,6 +17,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <ctime>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -84,6 +87,30 @@ namespace {
         int _socket;
         sockaddr_in _address{};
     };
+
+    // Names of one value in the parser's table of names, in which "az" counts as much as "bT".
+    std::string Alike(std::size_t i) {
+        std::string name;
+        for (; name.size() < 40; i /= 2)
+            name += i % 2 == 0 ? "az" : "bT";
+        return name;
+    }
+
+    // A megabyte or more. In each piece "#" stands for a number of its own, "@" for one of many names alike.
+    std::string Repeated(const std::string& before, const std::string& piece, const std::string& behind) {
+        std::string xml = before;
+        for (std::size_t i = 0; xml.size() < 2'000'000; ++i) {
+            std::string made = piece;
+            nxStringHelper::Replace(made, "#", std::to_string(i));
+            nxStringHelper::Replace(made, "@", Alike(i % 2000));
+            xml += made;
+        }
+        return xml + behind;
+    }
+
+    std::chrono::duration<double> ProcessorTime() {
+        return std::chrono::duration<double>(static_cast<double>(std::clock()) / CLOCKS_PER_SEC);
+    }
 
     std::string Nested(unsigned int depth) {
         std::string xml;
@@ -188,4 +215,65 @@ TEST(nxXMLDocumentLoad, TakesAHundredMegabytesOfText) {
     nxXMLDocument document;
     ASSERT_EQ(document.LoadFromString(xml), nxErrorEnum::OK);
     EXPECT_TRUE(document.GetRootElement().GetTextValue() == text); // too long to be shown
+}
+
+TEST(nxXMLDocumentLoad, RefusesNamesThatWouldHoldTheParserUp) {
+    constexpr char Names[] = "the names of elements and attributes would take too long to tell apart\n";
+    constexpr char Attributes[] = "an element has more than 10000 attributes\n";
+    const struct {
+        const char* before;
+        const char* piece;
+        const char* behind;
+        const char* problem;
+    } cases[] = {
+        {"<a>", "<a#/>", "</a>", Names},
+        {"<a>", "<b a#=\"1\"/>", "</a>", Names},
+        {"<a>", "<p#:b/>", "</a>", Names},
+        {"<a>", "<@/>", "</a>", Names},
+        {"<a", " a# = '>'", "/>", Attributes},
+        {"<!--<--><?p <?><a><![CDATA[<]]></a\n><b", "\na#='1'", "/></a>", Attributes},
+        {"<?xml version='1.1'?><a", "\u0085a#='1'", "/>", Attributes},
+        {"<?xml version=\"1.1\"?><a>", "<b\u2028a#='1'/>", "</a>", Names},
+    };
+    for (const auto& [before, piece, behind, problem] : cases) {
+        const std::string xml = Repeated(before, piece, behind);
+        const nxCollectedLog log;
+        const auto start = ProcessorTime();
+        EXPECT_EQ(nxXMLDocument().LoadFromString(xml), nxErrorEnum::XMLParseFailed) << piece;
+        EXPECT_LT((ProcessorTime() - start).count(), 2) << piece;
+        ASSERT_EQ(log.Entries().size(), 2U) << piece;
+        EXPECT_TRUE(log.Entries().front().ends_with(problem)) << piece;
+    }
+}
+
+TEST(nxXMLDocumentLoad, TakesManyNamesAndWhatOnlyLooksLikeThem) {
+    std::string attributes = "<a";
+    for (int i = 0; i < 10'000; ++i)
+        attributes += " a" + std::to_string(i) + "='&lt;'";
+    for (const std::string& xml : {
+             attributes + "/>",
+             Repeated("<a>", "<Item-#><Key>#</Key></Item-#>", "</a>"), // some 50,000 names
+             Repeated("<a>", "&lt;a# b='c'&gt;", "</a>"),
+             Repeated("<a><!--<b", " a#='<'>", "--></a>"),
+             Repeated("<a><?p <b", " a#='<'>", "?></a>"),
+             Repeated("<a><![CDATA[<b", " a#='<'>", "]]></a>"),
+             Repeated("<a b=\"", ">a#='1'", "\"/>"),
+         })
+        EXPECT_EQ(nxXMLDocument().LoadFromString(xml), nxErrorEnum::OK) << xml.substr(0, 40);
+}
+
+TEST(nxXMLDocumentSaveToString, TakesNoLongerForCommentsAmongManySiblings) {
+    for (const std::string piece : {"<!--a-->", "b<!--a-->", "<?p?><!--a-->"}) {
+        std::string xml = "<r><e/>";
+        while (xml.size() < 1'000'000)
+            xml += piece;
+        xml += "</r>";
+        nxXMLDocument document;
+        ASSERT_EQ(document.LoadFromString(xml), nxErrorEnum::OK);
+        const auto start = ProcessorTime();
+        std::string saved;
+        EXPECT_EQ(document.SaveToString(saved), nxErrorEnum::OK);
+        EXPECT_LT((ProcessorTime() - start).count(), 2);
+        EXPECT_TRUE(saved == xml) << saved.substr(0, 60);
+    }
 }

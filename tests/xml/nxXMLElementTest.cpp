@@ -123,6 +123,16 @@ TEST(nxXMLElementAddChildElement, AppendsBehindWhatIsThereEachTypeInItsOwnForm) 
                           "<d>-5</d><e>-1.50</e><f>x</f><g>z</g><h></h></r>");
 }
 
+TEST(nxXMLElementAddChildValue, TakesNoNumberThatWouldBeCutToAnotherOne) {
+    constexpr auto takes = []<class T>(T value) {
+        return requires(nxXMLElement element) {
+            element.AddChildValue("a", value);
+        };
+    };
+    static_assert(takes(-1) && takes(-1L) && takes(short{1}));
+    static_assert(!takes(101.75) && !takes(101.75F) && !takes(1U) && !takes(std::size_t{1}) && !takes(true));
+}
+
 TEST(nxXMLElementAddChildElement, LetsTheParsersExceptionForABadNameThrough) {
     Loaded xml;
     for (const char* name : {"a b", "", "1", "<"}) {
@@ -255,6 +265,11 @@ TEST(nxXMLElementTexts, AreRefusedAndNotForgottenWhenXMLCannotCarryThem) {
     } ways[] = {
         {"a text", [](auto& r, auto& text) { return r.SetValue(text); }},
         {"a text", [](auto& r, auto& text) { return r.AddChildValue("r", text); }},
+        {"a text",
+         [](auto& r, auto& text) {
+             const bool added = r.AddChildElement("r", text).IsValid();
+             return nxErrorEnum(added ? nxErrorEnum::OK : nxErrorEnum::XMLTextNotCarried);
+         }},
         {"a CDATA section", [](auto& r, auto& text) { return r.SetCDATAValue(text); }},
         {"an attribute's value", [](auto& r, auto& text) { return r.SetAttribute("b", text); }},
         {"an attribute's name", [](auto& r, auto& text) { return r.SetAttribute(text, "b"); }},
@@ -264,6 +279,8 @@ TEST(nxXMLElementTexts, AreRefusedAndNotForgottenWhenXMLCannotCarryThem) {
         for (const auto& [what, put] : ways) {
             Loaded xml;
             EXPECT_EQ(put(xml.root, text), nxErrorEnum::XMLTextNotCarried) << what;
+            EXPECT_FALSE(xml.root.GetFirstChildElement().IsValid()) << what;
+            EXPECT_EQ(xml.root.GetNumberOfAttributes(), 0U) << what;
             const nxCollectedLog log;
             EXPECT_EQ(xml.Save(), "not saved");
             EXPECT_EQ(log.Entries(),
@@ -277,6 +294,14 @@ TEST(nxXMLElementTexts, AreRefusedAndNotForgottenWhenXMLCannotCarryThem) {
               nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(xml.root.SetValue("good"), nxErrorEnum::OK);
     EXPECT_EQ(xml.Save(), "not saved");
+    EXPECT_EQ(log.Entries(),
+              std::vector<std::string>{"Error saving document: in memory \nException message is:  \na text "
+                                       "cannot be carried by XML: it is not valid UTF-8, in element 'r'\n"});
+
+    Loaded named; // after the child, which is not there
+    EXPECT_FALSE(named.root.AddChildElement("child", "\x01").IsValid());
+    EXPECT_EQ(named.Save(), "not saved");
+    EXPECT_NE(log.Entries().back().find("in element 'child'"), std::string::npos);
 }
 
 TEST(nxXMLElementHandle, ThatIsInvalidFindsNothingAndTakesNothing) {

@@ -26,7 +26,7 @@ namespace {
 } // namespace
 
 bool nxDOMErrorHandler::handleError(const xercesc::DOMError& error) {
-    _stickyError = nxErrorEnum::XMLParseFailed;
+    Remember();
 
     const auto describe = [&error] {
         const xercesc::DOMLocator* const place = error.getLocation();

@@ -13,6 +13,9 @@ public:
     // Always true: go on, so that later problems are reported too.
     bool handleError(const xercesc::DOMError& error) override;
 
+    // As after a report.
+    void Remember() { _stickyError = nxErrorEnum::XMLParseFailed; }
+
     // nxErrorEnum::XMLParseFailed once anything, be it a warning, was reported; never cleared.
     const nxErrorEnum& GetStickyError() const { return _stickyError; }
 

@@ -10,6 +10,10 @@
 #include "xmlFramework/xml/StrX.h"
 #include "xmlFramework/xml/XStr.h"
 #include "xmlFramework/xml/nxDOMErrorHandler.h"
+#include "xmlFramework/xml/nxFilePath.h"
+#include "xmlFramework/xml/nxXMLEncoding.h"
+#include "xmlFramework/xml/nxXMLLimits.h"
+#include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 #include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLText.h"
@@ -21,11 +25,7 @@
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
-#include <algorithm>
 #include <array>
-#include <bit>
-#include <charconv>
-#include <optional>
 
 using namespace xercesc;
 
@@ -52,6 +52,7 @@ namespace {
     constexpr FailureTexts ParsingFile{"during parsing", ": '", "'\n", "'\n", "'"};
     constexpr FailureTexts ParsingString{"during parsing of string", ": ", " \n", "\n", "\n"};
     constexpr FailureTexts Saving{"saving document", ": ", " \n", "\n", "\n"};
+    constexpr char NoPath[] = "the path is no Unicode text";
 
     // What a load parses.
     struct Input {
@@ -78,9 +79,13 @@ namespace {
             nxWriteLog({nxLogLevels::Error, SourceFile}, "Message is: ", StrX(text.data()).Get());
     }
 
-    // To be called in a handler: says what was thrown.
+    // To be called in a handler: says what was thrown. Exhausted memory is not for the log to say.
     void LogCurrentException(const FailureTexts& texts, const std::string& subject) {
         try {
+            throw;
+        } catch (const std::bad_alloc&) {
+            throw;
+        } catch (const OutOfMemoryException&) {
             throw;
         } catch (const XMLException& error) {
             LogFailure(texts, subject, [&error] { return std::string(StrX(error.getMessage()).Get()); });
@@ -108,86 +113,10 @@ namespace {
         // The library reads what it is handed and nothing else; no platform document has a DOCTYPE.
         configuration->setParameter(XMLUni::fgDOMDisallowDoctype, true);
         configuration->setParameter(XMLUni::fgXercesDisableDefaultEntityResolution, true);
-        // So that a load that fails need not take the document before it along.
+        // So that the document outlives its parser.
         configuration->setParameter(XMLUni::fgXercesUserAdoptsDOMDocument, true);
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
         return parser;
-    }
-
-    // Whether the last character is cut off by the end of the text: a lead byte begins with as many ones as
-    // its character has bytes.
-    bool EndsInsideCharacter(std::string_view utf8) {
-        const std::size_t longest = std::min<std::size_t>(utf8.size(), 8);
-        for (std::size_t left = 1; left < longest; ++left) {
-            const auto byte = static_cast<unsigned char>(utf8[utf8.size() - left]);
-            if (std::countl_one(byte) > static_cast<int>(left))
-                return true;
-        }
-        return false;
-    }
-
-    bool IsInUTF8(const DOMDocument& document) {
-        return XMLString::compareIString(document.getInputEncoding(), XMLUni::fgUTF8EncodingString) == 0;
-    }
-
-    // A well-formed document ends with ">" or white space, and holds no NUL. The parser takes a NUL, or a
-    // character cut off by the end of the text, for the end of the document and says nothing about what
-    // stands behind.
-    bool HasHiddenTail(std::string_view text, const DOMDocument& document) {
-        const auto byteAt = [text](std::size_t i) {
-            return i < text.size() ? static_cast<unsigned char>(text[i]) : 1;
-        };
-        const bool wide = (byteAt(0) == 0xFE && byteAt(1) == 0xFF) ||
-                          (byteAt(0) == 0xFF && byteAt(1) == 0xFE) || byteAt(0) == 0 ||
-                          byteAt(1) == 0; // UTF-16, or UCS-4
-        if (!wide) {
-            return text.find('\0') != std::string_view::npos || static_cast<signed char>(text.back()) < 0 ||
-                   (IsInUTF8(document) && EndsInsideCharacter(text));
-        }
-
-        if (text.size() % 2 != 0)
-            return true;
-        const bool fourBytes = (byteAt(0) == 0 && byteAt(1) == 0) || (byteAt(2) == 0 && byteAt(3) == 0);
-        const std::size_t unit = fourBytes ? 4 : 2;
-        for (std::size_t i = 0; i < text.size(); i += unit) {
-            if (text.substr(i, unit).find_first_not_of('\0') == std::string_view::npos)
-                return true;
-        }
-        return text.size() % unit != 0;
-    }
-
-    // "file:///tmp/a%20b" as a path; nothing for what is no URI of a local file.
-    std::optional<std::string> LocalPath(std::string_view uri) {
-        constexpr std::string_view Scheme = "file://";
-        constexpr std::string_view ThisHost = "localhost";
-        if (!uri.starts_with(Scheme))
-            return std::nullopt;
-        uri.remove_prefix(Scheme.size());
-        if (uri.starts_with(ThisHost))
-            uri.remove_prefix(ThisHost.size());
-        if (!uri.starts_with('/'))
-            return std::nullopt;
-
-        std::string path;
-        for (std::size_t i = 0; i < uri.size(); ++i) {
-            auto byte = static_cast<unsigned char>(uri[i]);
-            if (byte == '%') {
-                const std::string_view digits = uri.substr(i + 1, 2);
-                const char* const end = digits.data() + digits.size();
-                if (digits.size() != 2 || std::from_chars(digits.data(), end, byte, 16).ptr != end)
-                    return std::nullopt;
-                i += 2;
-            }
-            path += static_cast<char>(byte);
-        }
-        return path;
-    }
-
-    // The UTF-8 form of a wide path. A path that has none gets an empty one, which no file answers to.
-    std::string NarrowPath(const std::wstring& path) {
-        std::string narrow;
-        nxXMLTextOut::Convert(nxXMLText(path).Get(), narrow);
-        return narrow;
     }
 
     // Whether elements are nested more than `levels` deep. Goes no deeper itself.
@@ -215,15 +144,38 @@ namespace {
         void writeChars(const XMLByte* bytes, XMLSize_t count, XMLFormatter* /*formatter*/) override {
             _text.append(reinterpret_cast<const char*>(bytes), count);
         }
+        void Write(std::string_view utf8) { _text += utf8; }
         std::string Take() { return std::move(_text); }
 
     private:
         std::string _text;
     };
 
+    // Writes comments in the serialiser's place, which looks through all siblings of each.
+    class CommentWriter final : public DOMLSSerializerFilter {
+    public:
+        explicit CommentWriter(StringTarget& target) : _target(target) {}
+
+        FilterAction acceptNode(const DOMNode* comment) const override {
+            std::string utf8;
+            _isText &= nxXMLTextOut::Convert(comment->getNodeValue(), utf8) && !nxXMLText(utf8).GetProblem();
+            _target.Write("<!--" + utf8 + "-->");
+            return FILTER_REJECT;
+        }
+        ShowType getWhatToShow() const override { return DOMNodeFilter::SHOW_COMMENT; }
+
+        // False when a comment held what XML cannot carry.
+        bool IsText() const { return _isText; }
+
+    private:
+        StringTarget& _target;
+        mutable bool _isText = true; // the parser library has acceptNode const
+    };
+
     Released<DOMLSSerializer> CreateDOMSerialiser(DOMImplementation& implementation,
-                                                  nxDOMErrorHandler& handler) {
+                                                  nxDOMErrorHandler& handler, CommentWriter& comments) {
         Released<DOMLSSerializer> serialiser(implementation.createLSSerializer());
+        serialiser->setFilter(&comments);
         DOMConfiguration* const configuration = serialiser->getDomConfig();
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
 
@@ -244,25 +196,31 @@ namespace {
 struct nxXMLDocument::State {
     // Parses the input in place of the document held.
     nxErrorEnum Load(const Input& input);
-    // Null when the parser threw, which is logged.
-    Released<DOMDocument> Parse(const Input& input);
+    // Null when the parser threw, which is logged. Without an encoding the parser finds out by itself.
+    Released<DOMDocument> Parse(const Input& input, std::string_view bytes, const XMLCh* encoding);
+    // What is found against an input before the parser sees it counts as if the parser had reported it.
+    nxErrorEnum Refuse(const Input& input, const std::string& problem);
+    // Says so in the log when there is one.
+    nxErrorEnum StickyError() const;
     void Adopt(Released<DOMDocument> newDocument);
+    nxErrorEnum Create(const std::string& rootName);
     nxErrorEnum Serialise(std::string& utf8, const std::string& subject);
 
     nxDOMErrorHandler errorHandler;
-    Released<DOMLSParser> parser; // made by the first load: documents that are only written need none
     Released<DOMDocument> document;
     DOMElement* root = nullptr;
 };
 
-Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input) {
+Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input, std::string_view bytes,
+                                                  const XMLCh* encoding) {
     try {
-        if (!parser)
-            parser = MakeParser(errorHandler);
-        parser->resetDocumentPool(); // what a load left there that threw
-        MemBufInputSource bytes(reinterpret_cast<const XMLByte*>(input.text.data()), input.text.size(),
-                                XStr(input.name.c_str()).Get());
-        const Wrapper4InputSource source(&bytes, false);
+        // A parser of its own for each load: one that has read XML 1.1 goes on with its rules.
+        const Released<DOMLSParser> parser = MakeParser(errorHandler);
+        MemBufInputSource buffer(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
+                                 XStr(input.name.c_str()).Get());
+        if (encoding)
+            buffer.setEncoding(encoding);
+        const Wrapper4InputSource source(&buffer, false);
         return Released<DOMDocument>(parser->parse(&source));
     } catch (...) {
         LogCurrentException(input.texts, input.subject);
@@ -270,20 +228,38 @@ Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input) {
     }
 }
 
+nxErrorEnum nxXMLDocument::State::Refuse(const Input& input, const std::string& problem) {
+    LogFailure(input.texts, input.subject, problem);
+    errorHandler.Remember();
+    return StickyError();
+}
+
+nxErrorEnum nxXMLDocument::State::StickyError() const {
+    if (!errorHandler.GetStickyError().IsOK())
+        nxWriteLog({nxLogLevels::Error, SourceFile}, "Errors occurred, no output available");
+    return errorHandler.GetStickyError();
+}
+
 nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
-    Released<DOMDocument> parsed = Parse(input);
+    std::string converted;
+    std::string_view utf8;
+    nxXMLEncoding::Problem problem;
+    const bool isText = nxXMLEncoding::ToUTF8(input.text, converted, utf8, problem);
+    if (!isText && problem.declaration.empty())
+        return Refuse(input, problem.description);
+    if (const char* const limit = nxXMLLimits::FindProblem(utf8))
+        return Refuse(input, limit);
+
+    Released<DOMDocument> parsed = isText ? Parse(input, utf8, XMLUni::fgUTF8EncodingString)
+                                          : Parse(input, problem.declaration, nullptr);
     if (!parsed && input.isFile)
         return document ? nxErrorEnum::XMLParseFailed : nxErrorEnum::XMLNoDocumentParsed;
-    if (!errorHandler.GetStickyError().IsOK()) {
-        nxWriteLog({nxLogLevels::Error, SourceFile}, "Errors occurred, no output available");
-        return errorHandler.GetStickyError();
-    }
+    if (const nxErrorEnum error = StickyError(); !error.IsOK())
+        return error;
     if (!parsed)
         return nxErrorEnum::XMLParseFailed;
-    if (HasHiddenTail(input.text, *parsed)) {
-        LogFailure(input.texts, input.subject, "the text goes on behind the end of the document");
-        return nxErrorEnum::XMLParseFailed;
-    }
+    if (!isText) // and the parser has no word against it
+        return Refuse(input, problem.description);
     Adopt(std::move(parsed));
     return nxErrorEnum::OK;
 }
@@ -291,6 +267,30 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
 void nxXMLDocument::State::Adopt(Released<DOMDocument> newDocument) {
     document = std::move(newDocument);
     root = document->getDocumentElement();
+}
+
+nxErrorEnum nxXMLDocument::State::Create(const std::string& rootName) {
+    DOMImplementation* const implementation = Implementation(u"Core");
+    if (!implementation || document)
+        return nxErrorEnum::XMLDocumentNotCreatable;
+
+    const auto refuse = [&rootName] {
+        nxWriteLog({nxLogLevels::Error, SourceFile}, "Error creating document '", rootName,
+                   "': the name cannot be carried by XML");
+        return nxErrorEnum::XMLTextNotCarried;
+    };
+    const nxXMLText name(rootName);
+    if (name.GetProblem())
+        return refuse();
+    try {
+        Released<DOMDocument> created(implementation->createDocument(nullptr, name.Get(), nullptr));
+        if (!created)
+            return nxErrorEnum::XMLDocumentNotCreated;
+        Adopt(std::move(created));
+        return nxErrorEnum::OK;
+    } catch (const DOMException&) {
+        return refuse();
+    }
 }
 
 nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string& subject) {
@@ -307,13 +307,19 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
 
     try {
         DOMImplementation& implementation = *Implementation(u"Core");
-        const Released<DOMLSSerializer> serialiser = CreateDOMSerialiser(implementation, errorHandler);
-        const Released<DOMLSOutput> output(implementation.createLSOutput());
         StringTarget target;
+        CommentWriter comments(target);
+        const Released<DOMLSSerializer> serialiser =
+            CreateDOMSerialiser(implementation, errorHandler, comments);
+        const Released<DOMLSOutput> output(implementation.createLSOutput());
         output->setEncoding(XMLUni::fgUTF8EncodingString);
         output->setByteStream(&target);
         if (!serialiser->write(root, output.get()))
             return nxErrorEnum::XMLTextNotCarried; // the handler has said why
+        if (!comments.IsText()) {
+            LogFailure(Saving, subject, "a comment cannot be carried by XML");
+            return nxErrorEnum::XMLTextNotCarried;
+        }
         utf8 = target.Take();
         return nxErrorEnum::OK;
     } catch (const DOMLSException& error) { // something in the document is no XML 1.0
@@ -332,19 +338,25 @@ nxXMLDocument::~nxXMLDocument() = default;
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::string& path) {
     std::string text;
     std::string problem;
-    if (!nxFileHelper::Read(LocalPath(path).value_or(path), text, problem).IsOK()) {
+    if (!nxFileHelper::Read(nxFilePath::FromURI(path).value_or(path), text, problem).IsOK()) {
         LogFailure(ParsingFile, path, problem);
         return nxErrorEnum::XMLNoDocumentParsed;
     }
-    return _state->Load({text, path, path, ParsingFile, true});
+    const Input input{text, path, path, ParsingFile, true};
+    return nxXMLMemory::Guarded([&] { return _state->Load(input); });
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
-    return LoadFromFile(NarrowPath(path));
+    std::string narrow;
+    if (nxFilePath::FromWide(path, narrow))
+        return LoadFromFile(narrow);
+    LogFailure(ParsingFile, narrow, NoPath);
+    return nxErrorEnum::XMLNoDocumentParsed;
 }
 
 nxErrorEnum nxXMLDocument::LoadFromString(const std::string& xml) {
-    return _state->Load({xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false});
+    const Input input{xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false};
+    return nxXMLMemory::Guarded([&] { return _state->Load(input); });
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFileViaString(const std::string& path, std::string& contents) {
@@ -359,27 +371,7 @@ nxErrorEnum nxXMLDocument::LoadFromFileViaString(const std::string& path, std::s
 }
 
 nxErrorEnum nxXMLDocument::CreateDocument(const std::string& rootName) {
-    DOMImplementation* const implementation = Implementation(u"Core");
-    if (!implementation || _state->document)
-        return nxErrorEnum::XMLDocumentNotCreatable;
-
-    const auto refuse = [&rootName] {
-        nxWriteLog({nxLogLevels::Error, SourceFile}, "Error creating document '", rootName,
-                   "': the name cannot be carried by XML");
-        return nxErrorEnum::XMLTextNotCarried;
-    };
-    const nxXMLText name(rootName);
-    if (name.GetProblem())
-        return refuse();
-    try {
-        Released<DOMDocument> created(implementation->createDocument(nullptr, name.Get(), nullptr));
-        if (!created)
-            return nxErrorEnum::XMLDocumentNotCreated;
-        _state->Adopt(std::move(created));
-        return nxErrorEnum::OK;
-    } catch (const DOMException&) {
-        return refuse();
-    }
+    return nxXMLMemory::Guarded([&] { return _state->Create(rootName); });
 }
 
 nxXMLElement nxXMLDocument::GetRootElement() const {
@@ -387,17 +379,21 @@ nxXMLElement nxXMLDocument::GetRootElement() const {
 }
 
 nxErrorEnum nxXMLDocument::SaveToString(std::string& xmlOut) {
-    return _state->Serialise(xmlOut, "in memory");
+    return nxXMLMemory::Guarded([&] { return _state->Serialise(xmlOut, "in memory"); });
 }
 
 nxErrorEnum nxXMLDocument::SaveToFile(const std::string& path) {
     std::string utf8;
-    const nxErrorEnum result = _state->Serialise(utf8, path);
+    const nxErrorEnum result = nxXMLMemory::Guarded([&] { return _state->Serialise(utf8, path); });
     return result.IsOK() ? WriteFile(path, utf8) : result;
 }
 
 nxErrorEnum nxXMLDocument::SaveToFile(const std::wstring& path) {
-    return SaveToFile(NarrowPath(path));
+    std::string narrow;
+    if (nxFilePath::FromWide(path, narrow))
+        return SaveToFile(narrow);
+    LogFailure(Saving, narrow, NoPath);
+    return nxErrorEnum::XMLWriteFailed;
 }
 
 nxErrorEnum nxXMLDocument::SaveToFileViaString(const std::string& path, std::string& contents) {

@@ -15,8 +15,8 @@
 //
 // Texts are UTF-8, whatever the locale. Nothing from outside is read: a document with a DOCTYPE of any kind
 // is refused, and so is a path that names something else than a local file. Problems are logged at
-// nxLogLevelEnum::Error where they are found; nothing is thrown. Used by one thread at a time; different
-// documents are independent.
+// nxLogLevelEnum::Error where they are found; nothing is thrown but std::bad_alloc, after which the document
+// is as it was. Used by one thread at a time; different documents are independent.
 class XMLFRAMEWORK_API nxXMLDocument {
 public:
     // Elements nested more deeply than this are loaded, but not saved: the serialiser works recursively.
@@ -28,11 +28,13 @@ public:
     nxXMLDocument& operator=(const nxXMLDocument&) = delete;
 
     // Loads replace the document when they succeed, and leave it, and all handles on it, as they were when
-    // they fail. Once the parser has reported anything on this object, every later load fails: use a fresh
-    // object each time.
+    // they fail. Once anything was reported against a text on this object, every later load fails: use a
+    // fresh object each time. A text may be in any encoding that its byte-order mark or its XML declaration
+    // tells.
     //
-    // nxErrorEnum::XMLParseFailed: the text is not well-formed, or the parser had something to say against
-    // it. nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
+    // nxErrorEnum::XMLParseFailed: the bytes are no text in their encoding, the text is not well-formed, the
+    // parser had something to say against it, or it would take the parser minutes (see docs/xml.md).
+    // nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
     // there was no document before. `path` is a file name or a "file:///" URI.
     nxErrorEnum LoadFromFile(const std::string& path);
     nxErrorEnum LoadFromFile(const std::wstring& path);
@@ -48,8 +50,8 @@ public:
     // A handle on the root element; invalid when there is no document.
     nxXMLElement GetRootElement() const;
 
-    // The root element as one line without XML declaration, byte-order mark or indentation. What it says
-    // reads back the same, line ends and blanks included.
+    // The root element without XML declaration, byte-order mark, indentation, or line ends other than those
+    // within its texts and comments. What it says reads back the same, line ends and blanks included.
     //
     // nxErrorEnum::XMLDocumentMissing: there is nothing to save.
     // nxErrorEnum::XMLTextNotCarried: the document was given a text that XML cannot carry (see nxXMLElement).

@@ -4,6 +4,7 @@
 #include "xmlFramework/xml/nxXMLElement.h"
 
 #include "core/nxStringHelper.h"
+#include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 #include "xmlFramework/xml/nxXMLText.h"
 
@@ -56,6 +57,58 @@ namespace {
         while (element && !nxXMLTextOut::Equals(element->getTagName(), name))
             element = ElementFrom(element->getNextSibling());
         return element;
+    }
+    // Hands back a node that is no longer in its document. Where there is no memory for that it stays with
+    // the document's own.
+    void Release(DOMNode& node) {
+        try {
+            node.release();
+        } catch (const OutOfMemoryException&) { // NOLINT(bugprone-empty-catch)
+        }
+    }
+
+    // What follows first makes all that is new and then puts it into the document, which takes no memory: so
+    // a failure changes nothing.
+
+    // A section cannot hold "]]>", so a text with it takes several, which are read as one. The serialiser
+    // would split sections, too, but it drops the "]]>".
+    DOMNode* CreateSections(DOMDocument& document, std::string_view value) {
+        DOMNode* const sections = document.createDocumentFragment();
+        for (;;) {
+            const std::size_t found = value.find("]]>");
+            const std::string_view piece =
+                value.substr(0, found == std::string_view::npos ? found : found + 2);
+            sections->appendChild(document.createCDATASection(nxXMLText(piece).Get()));
+            if (found == std::string_view::npos)
+                return sections;
+            value.remove_prefix(piece.size());
+        }
+    }
+
+    void ReplaceSections(DOMElement& element, std::string_view value) {
+        DOMNode* const sections = CreateSections(*element.getOwnerDocument(), value);
+        DOMNode* place = nullptr; // behind the last child
+        while (DOMCDATASection* const section = CDATANode(&element)) {
+            place = section->getNextSibling();
+            Release(*element.removeChild(section));
+        }
+        element.insertBefore(sections, place);
+        Release(*sections);
+    }
+
+    void ReplaceText(DOMElement& element, const char16_t* value) {
+        DOMText* const text = element.getOwnerDocument()->createTextNode(value);
+        if (DOMText* const before = TextNode(&element))
+            Release(*element.replaceChild(text, before));
+        else
+            element.appendChild(text);
+    }
+
+    void ReplaceAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
+        DOMAttr* const attribute = element.getOwnerDocument()->createAttribute(name);
+        attribute->setValue(value);
+        if (DOMAttr* const before = element.setAttributeNode(attribute))
+            Release(*before);
     }
 } // namespace
 
@@ -121,14 +174,20 @@ nxXMLElement nxXMLElement::_AddChild(std::string_view name, const nxXMLText* val
     if (!_Accept(childName, "a name"))
         return {};
 
-    DOMDocument* const document = _element->getOwnerDocument();
-    DOMElement* const child = document->createElement(childName.Get());
-    nxXMLElement handle(child);
-    // The text first: the DOM looks through all ancestors of the node that is appended to.
-    if (value && handle._Accept(*value, "a text"))
-        child->appendChild(document->createTextNode(value->Get()));
-    _element->appendChild(child);
-    return handle;
+    return nxXMLMemory::Guarded([&]() -> nxXMLElement {
+        DOMDocument* const document = _element->getOwnerDocument();
+        DOMElement* const child = document->createElement(childName.Get());
+        nxXMLElement handle(child);
+        if (value && !handle._Accept(*value, "a text")) {
+            Release(*child);
+            return {};
+        }
+        // The text first: the DOM looks through all ancestors of the node that is appended to.
+        if (value)
+            child->appendChild(document->createTextNode(value->Get()));
+        _element->appendChild(child);
+        return handle;
+    });
 }
 
 nxXMLElement nxXMLElement::AddChildElement(std::string_view name) {
@@ -148,8 +207,7 @@ nxXMLElement nxXMLElement::AddChildElement(std::string_view name, const std::wst
 nxErrorEnum nxXMLElement::_AddChildValue(std::string_view name, const nxXMLText& value) {
     if (!_element)
         return nxErrorEnum::ValueNotFound;
-    const bool added = _AddChild(name, &value).IsValid() && !value.GetProblem();
-    return added ? nxErrorEnum::OK : nxErrorEnum::XMLTextNotCarried;
+    return _AddChild(name, &value).IsValid() ? nxErrorEnum::OK : nxErrorEnum::XMLTextNotCarried;
 }
 
 nxErrorEnum nxXMLElement::AddChildValue(std::string_view name, std::string_view value) {
@@ -178,10 +236,7 @@ nxErrorEnum nxXMLElement::_SetText(const nxXMLText& value) {
     if (!_Accept(value, "a text"))
         return nxErrorEnum::XMLTextNotCarried;
 
-    if (DOMText* const text = TextNode(_element))
-        text->setNodeValue(value.Get());
-    else
-        _element->appendChild(_element->getOwnerDocument()->createTextNode(value.Get()));
+    nxXMLMemory::Guarded([&] { ReplaceText(*_element, value.Get()); });
     return nxErrorEnum::OK;
 }
 
@@ -246,22 +301,8 @@ nxErrorEnum nxXMLElement::SetCDATAValue(std::string_view value) {
         return nxErrorEnum::XMLTextNotCarried;
     }
 
-    DOMNode* place = nullptr; // behind the last child
-    while (DOMCDATASection* const section = CDATANode(_element)) {
-        place = section->getNextSibling();
-        _element->removeChild(section)->release();
-    }
-    // A section cannot hold "]]>", so a text with it takes several, which are read as one. The serialiser
-    // would split sections, too, but it drops the "]]>".
-    for (;;) {
-        const std::size_t found = value.find("]]>");
-        const std::string_view piece = value.substr(0, found == std::string_view::npos ? found : found + 2);
-        _element->insertBefore(_element->getOwnerDocument()->createCDATASection(nxXMLText(piece).Get()),
-                               place);
-        if (found == std::string_view::npos)
-            return nxErrorEnum::OK;
-        value.remove_prefix(piece.size());
-    }
+    nxXMLMemory::Guarded([&] { ReplaceSections(*_element, value); });
+    return nxErrorEnum::OK;
 }
 
 nxErrorEnum nxXMLElement::GetCDATAValue(std::string& value) const {
@@ -282,7 +323,7 @@ nxErrorEnum nxXMLElement::_SetAttributeText(std::string_view name, const nxXMLTe
     if (!_Accept(attribute, "an attribute's name") || !_Accept(value, "an attribute's value"))
         return nxErrorEnum::XMLTextNotCarried;
 
-    _element->setAttribute(attribute.Get(), value.Get());
+    nxXMLMemory::Guarded([&] { ReplaceAttribute(*_element, attribute.Get(), value.Get()); });
     return nxErrorEnum::OK;
 }
 

@@ -60,8 +60,8 @@ public:
     // element.
     nxXMLElement FindNextChildElement(std::string_view name, const nxXMLElement& after) const;
 
-    // Building: appends a child, with a text where a value is given. Invalid for an invalid handle and for a
-    // name that is no UTF-8 text.
+    // Building: appends a child, with a text where a value is given. Invalid, with nothing appended, for an
+    // invalid handle and for a name or a text that XML cannot carry.
     nxXMLElement AddChildElement(std::string_view name);
     nxXMLElement AddChildElement(std::string_view name, std::string_view value);
     nxXMLElement AddChildElement(std::string_view name, const std::wstring& value);
@@ -70,9 +70,12 @@ public:
     nxErrorEnum AddChildValue(std::string_view name, const std::wstring& value);
     nxErrorEnum AddChildValue(std::string_view name, long value);
     nxErrorEnum AddChildValue(std::string_view name, const nxDecimal& value); // with '.'
-    // Flags and unsigned numbers have text forms of their own (nxStringHelper) and would lose by way of long.
-    template <std::unsigned_integral T>
-    nxErrorEnum AddChildValue(std::string_view name, T value) = delete;
+    // Flags, unsigned and floating-point numbers have text forms of their own (nxStringHelper, nxDecimal) and
+    // would lose by way of long.
+    template <class T>
+    requires std::unsigned_integral<T> || std::floating_point<T>
+        nxErrorEnum AddChildValue(std::string_view name, T value)
+    = delete;
 
     // The element's text: its first child node, when that is a text node.
     nxErrorEnum SetValue(std::string_view value);

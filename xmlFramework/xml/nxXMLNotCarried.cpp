@@ -3,6 +3,7 @@
 
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 
+#include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLText.h"
 
 #include <xercesc/dom/DOMDocument.hpp>
@@ -22,7 +23,7 @@ void nxXMLNotCarried::Note(const xercesc::DOMElement& element, const std::string
     std::string name;
     nxXMLTextOut::Convert(element.getTagName(), name);
     const nxXMLText note(description + ", in element '" + name + "'");
-    document.setUserData(Key, document.createTextNode(note.Get()), nullptr);
+    nxXMLMemory::Guarded([&] { document.setUserData(Key, document.createTextNode(note.Get()), nullptr); });
 }
 
 std::string nxXMLNotCarried::Find(const xercesc::DOMDocument& document) {
