@@ -45,7 +45,7 @@ namespace {
 
 nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
                                   const std::string& logPrefix, const char* message) {
-    if (nxXMLScanner::Fill(tree, xml)) {
+    if (NX_HAS_SCANNER && nxXMLScanner::Fill(tree, xml)) {
         nxXMLSession::Get().NextBufferNumber(); // so that later messages of the parser have the same numbers
         return nxErrorEnum::OK;
     }
