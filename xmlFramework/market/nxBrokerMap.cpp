@@ -31,30 +31,37 @@ namespace {
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
     };
-
-    // The map as a list of brokers.
-    class BrokerList {
-    public:
-        using Holder = Broker;
-
-        explicit BrokerList(nxBrokerMap& map) : _map(map) {}
-
-        void Add(const Broker& broker) { _map.SetBrokerIDAndName(broker.id, std::string(broker.name)); }
-        auto Range() const {
-            return std::views::transform(_map.GetBrokerIDMap(), [](const auto& entry) {
-                return Broker{entry.first, entry.second};
-            });
-        }
-
-    private:
-        nxBrokerMap& _map;
-    };
-
-    template <class Visitor>
-    void VisitFields(BrokerList& brokers, Visitor&& field) {
-        field("Broker", nxXMLFields::Items<nxXMLFields::Any>(brokers));
-    }
 } // namespace
+
+// The map as a list of brokers.
+class nxBrokerMap::Brokers {
+public:
+    using Holder = Broker;
+
+    explicit Brokers(nxBrokerMap& map) : _map(map) {}
+
+    // As SetBrokerIDAndName does; documents mostly have their brokers in order.
+    void Add(const Broker& broker) {
+        std::string name(broker.name);
+        _map._namesByID.insert_or_assign(_map._namesByID.end(), broker.id, name);
+        _map._idsByName.insert_or_assign(std::move(name), broker.id);
+    }
+    auto Range() const {
+        return std::views::transform(_map._namesByID, [](const auto& entry) {
+            return Broker{entry.first, entry.second};
+        });
+    }
+
+private:
+    nxBrokerMap& _map;
+};
+
+struct nxBrokerMap::Fields {
+    template <class Visitor>
+    static void Visit(nxBrokerMap& record, Visitor&& field) {
+        field("Broker", nxXMLFields::Items<nxXMLFields::Any>(Brokers(record)));
+    }
+};
 
 const bool nxBrokerMap::_registered = nxXMLDataObject::_Register(new nxBrokerMap);
 
@@ -67,10 +74,9 @@ nxErrorEnum nxBrokerMap::ConvertFromXML(const std::string& xml, const std::strin
     if (!loaded.IsOK())
         return nxErrorEnum::InvalidData;
 
-    BrokerList brokers(*this);
     const nxXMLReadContext context{logPrefix};
     nxXMLFields::Reader reader(tree.GetRoot(), context);
-    VisitFields(brokers, reader);
+    Fields::Visit(*this, reader);
     if (reader.GetResult().IsOK())
         return nxErrorEnum::OK;
     // The same message, whatever went wrong.
@@ -79,10 +85,8 @@ nxErrorEnum nxBrokerMap::ConvertFromXML(const std::string& xml, const std::strin
 }
 
 nxErrorEnum nxBrokerMap::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("BrokerMap", xmlOut, [this](nxXMLSink& sink) {
-        BrokerList brokers(*this);
-        VisitFields(brokers, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        "BrokerMap", xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
 nxUnsignedValueWrapper nxBrokerMap::GetDataCategoryTypeID() {

@@ -7,6 +7,8 @@
 
 #include <map>
 #include <string>
+#include <string_view>
+#include <unordered_map>
 
 // The platform's brokers: numeric IDs and names, looked up both ways. Category BROK, document "BrokerMap".
 class XMLFRAMEWORK_API nxBrokerMap : public nxXMLDataObject {
@@ -34,8 +36,11 @@ public:
     void SetBrokerIDAndName(const nxUnsignedValueWrapper& id, const std::string& name);
 
 private:
+    struct Fields;
+    class Brokers;
+
     static const bool _registered;
 
-    std::map<std::string, nxUnsignedValueWrapper> _idsByName;
+    std::unordered_map<std::string, nxUnsignedValueWrapper> _idsByName;
     BrokerIDMap _namesByID;
 };
