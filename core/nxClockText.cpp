@@ -41,14 +41,13 @@ std::optional<nxClockText::Numbers> nxClockText::Read(std::string_view text, std
 }
 
 void nxClockText::Append(std::string& text, std::string_view pattern, Numbers numbers) {
+    const std::size_t start = text.size();
     text += pattern;
-    auto at = text.end();
-    for (auto symbol = pattern.rbegin(); symbol != pattern.rend(); ++symbol) {
-        --at;
-        if (!IsDigit(*symbol))
+    for (std::size_t i = pattern.size(); i-- > 0;) {
+        if (!IsDigit(pattern[i]))
             continue;
-        unsigned int& number = numbers[DigitOf(*symbol)];
-        *at = static_cast<char>('0' + number % 10);
+        unsigned int& number = numbers[DigitOf(pattern[i])];
+        text[start + i] = static_cast<char>('0' + number % 10);
         number /= 10;
     }
 }
