@@ -12,14 +12,13 @@ namespace {
 
     // A comma goes before an item only where there is text before it, so an empty first item leaves no trace:
     // files have always been written so.
-    std::string Join(const std::vector<std::string>& items) {
-        std::string text;
+    void AppendJoined(std::string& text, const std::vector<std::string>& items) {
+        const std::size_t start = text.size();
         for (const std::string& item : items) {
-            if (!text.empty())
+            if (text.size() != start)
                 text += ListSeparator;
             text += item;
         }
-        return text;
     }
 
     // A list of texts as one text.
@@ -28,14 +27,13 @@ namespace {
     public:
         explicit CommaSeparated(List& list) : _list(list) {}
 
-        void AppendText(std::string& text) const { text += Join(_list); }
+        void AppendText(std::string& text) const { AppendJoined(text, _list); }
         // An element without text empties the list, too.
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
-            nxStringParser::ExtractAllSubstrings(node.GetText(), _list, 0, ListSeparator);
-            for (std::string& item : _list) {
-                nxStringHelper::LeftTrim(item);
-                nxStringHelper::RightTrim(item);
-            }
+            _list.clear();
+            nxStringParser::ForEachSubstring(node.GetText(), ListSeparator, [this](std::string_view item) {
+                _list.emplace_back(nxStringHelper::Trimmed(item));
+            });
             return nxErrorEnum::OK;
         }
 
@@ -89,5 +87,7 @@ std::string nxExchangeDefinition::GetAsLogString() const {
     text.append("Is price source: ").append(flag(_isPriceSource));
     text.append("Is order destination: ").append(flag(_isOrderDestination));
     // Nothing has ever stood between the two lists; log readers expect it so.
-    return text + "MICs: " + Join(_mics) + "Price streams: " + Join(_priceStreams);
+    AppendJoined(text += "MICs: ", _mics);
+    AppendJoined(text += "Price streams: ", _priceStreams);
+    return text;
 }
