@@ -3,11 +3,13 @@
 
 // What is the same for all top-level records.
 
+#include "tests/support/nxIsValue.h"
 #include "tests/support/nxRandomText.h"
 #include "tests/support/nxRecordText.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 #include "xmlFramework/kestrum/nxKestrumJobSpec.h"
 #include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
+#include "xmlFramework/kestrum/nxKestrumUserLimit.h"
 #include "xmlFramework/market/nxAlgoIDMappingList.h"
 #include "xmlFramework/market/nxBrokerMap.h"
 #include "xmlFramework/market/nxExchangeDefinitionList.h"
@@ -21,6 +23,7 @@
 #include <memory>
 #include <string_view>
 #include <typeinfo>
+#include <vector>
 
 namespace {
     using namespace nxRecordText;
@@ -31,9 +34,26 @@ namespace {
         return std::make_unique<Class>();
     }
 
+    template <class Class>
+    bool AreEqual(const nxXMLDataObject& left, const nxXMLDataObject& right) {
+        return dynamic_cast<const Class&>(left) == dynamic_cast<const Class&>(right);
+    }
+
+    template <class... Classes>
+    constexpr bool AreValues = (nxIsValue<Classes> && ...);
+    static_assert(
+        AreValues<nxAlgoIDMappingList, nxBrokerMap, nxExchangeDefinition, nxExchangeDefinitionList,
+                  nxMICDefinition, nxMICDefinitionList, nxOrvalenPriceUsageStatistics,
+                  nxOrvalenPriceUsageStatisticsForProduct, nxSyntheticPriceServerInstanceList,
+                  nxTradingHoursPeriod, nxTradingHoursScheme, nxTradingHoursSchemeList, nxUserTextList>);
+    static_assert(AreValues<nxKestrumAlgorithmSpec, nxKestrumJobSpec, nxKestrumLimit, nxKestrumModuleSpec,
+                            nxKestrumParameterDefinition, nxKestrumUserLimit,
+                            nxSyntheticSpreadOrderSpecLeg_XML, nxSyntheticSpreadOrderSpec_XML>);
+
     struct Kind {
         std::string name; // of the class
         Record (*make)();
+        bool (*areEqual)(const nxXMLDataObject& left, const nxXMLDataObject& right);
         unsigned int code;
         const char* subject; // in what is logged of a text that is refused
         // A whole document as it is written, where "$t" stands for any text, "$n" for any number and "$f" for
@@ -62,40 +82,45 @@ namespace {
                                           "ConditionalPayup=false CascadeConditionalPayup=false");
 
     const Kind Kinds[] = {
-        {"nxAlgoIDMappingList", Make<nxAlgoIDMappingList>, 0x414C4944, "algo mapping list",
+        {"nxAlgoIDMappingList", Make<nxAlgoIDMappingList>, AreEqual<nxAlgoIDMappingList>, 0x414C4944,
+         "algo mapping list",
          Element("AlgoIDMappingList",
                  Element("AlgoIDMappings", Element("AlgoMapping", Elements("AlgoPath=$t AlgoID=1"))))},
-        {"nxBrokerMap", Make<nxBrokerMap>, 0x42524F4B, "broker map",
+        {"nxBrokerMap", Make<nxBrokerMap>, AreEqual<nxBrokerMap>, 0x42524F4B, "broker map",
          R"(<BrokerMap><Broker id="9" name="$t"/><Broker id="10" name="$t"/></BrokerMap>)"},
-        {"nxExchangeDefinitionList", Make<nxExchangeDefinitionList>, 0x45584348, "spread spec",
+        {"nxExchangeDefinitionList", Make<nxExchangeDefinitionList>, AreEqual<nxExchangeDefinitionList>,
+         0x45584348, "spread spec",
          Element("ExchangeDefinitionList",
                  Element("ExchangeDefinitions",
                          Element("ExchangeDefinition-A",
                                  Elements("Mnemonic=A Description=$t IsExchange=$f IsPriceSource=$f "
                                           "IsOrderDestination=$f MICs=XA,XB PriceStreams=L1"))))},
-        {"nxKestrumAlgorithmSpec", Make<nxKestrumAlgorithmSpec>, 0x414C474F, "spread spec",
+        {"nxKestrumAlgorithmSpec", Make<nxKestrumAlgorithmSpec>, AreEqual<nxKestrumAlgorithmSpec>, 0x414C474F,
+         "spread spec",
          Element("KestrumAlgorithmSpec", Element("ScriptSourceCode", "$t") +
                                              Element("Parameters", ParameterForm("Parameter")) +
                                              Element("SyntheticOrderType", "ICEBERG") + LimitsForm +
                                              Element("Modules", Element("Module", Elements("Name=$t"))) +
                                              Element("OutputParameters", ParameterForm("OutputParameter")) +
                                              Element("HideParentOrder", "$f"))},
-        {"nxKestrumJobSpec", Make<nxKestrumJobSpec>, 0x4B4A4F42, "Kestrum Job Spec",
+        {"nxKestrumJobSpec", Make<nxKestrumJobSpec>, AreEqual<nxKestrumJobSpec>, 0x4B4A4F42,
+         "Kestrum Job Spec",
          Element("KestrumJobSpec",
                  Elements("AlgorithmSpecName=$t Parameters=a=$t^^|^^b=$t^^|^^") + LimitsForm +
                      Elements("AccountID=$n MaxTrans=$n MaxTransPS=$n PreferredExchangeUser=$t "
                               "BackTestingAccountID=$n AntiCrossPullOrders=$f DisablePreLimitCheck=$f"))},
-        {"nxKestrumModuleSpec", Make<nxKestrumModuleSpec>, 0x4B4D4F44, "spread spec",
-         Element("KestrumModuleSpec", Elements("SourceCode=$t"))},
-        {"nxMICDefinitionList", Make<nxMICDefinitionList>, 0x584D4943, "spread spec",
+        {"nxKestrumModuleSpec", Make<nxKestrumModuleSpec>, AreEqual<nxKestrumModuleSpec>, 0x4B4D4F44,
+         "spread spec", Element("KestrumModuleSpec", Elements("SourceCode=$t"))},
+        {"nxMICDefinitionList", Make<nxMICDefinitionList>, AreEqual<nxMICDefinitionList>, 0x584D4943,
+         "spread spec",
          Element("MICDefinitionList",
                  Element("MICDefinitions",
                          Element("MICDefinition-XA",
                                  Elements("MIC=XA Country=$t ISOCountryCode=$t OperatingMIC=$t "
                                           "IsOperatingMIC=$f Name=$t Acronym=$t City=$t Website=$t "
                                           "StatusDate=$t IsActive=$f CreationDate=$t Comments=$t"))))},
-        {"nxOrvalenPriceUsageStatistics", Make<nxOrvalenPriceUsageStatistics>, 0x4F505553,
-         "exchange trading horus definition list",
+        {"nxOrvalenPriceUsageStatistics", Make<nxOrvalenPriceUsageStatistics>,
+         AreEqual<nxOrvalenPriceUsageStatistics>, 0x4F505553, "exchange trading horus definition list",
          Element(
              "OrvalenPriceStatistics",
              Element("userID", "$n") +
@@ -103,16 +128,18 @@ namespace {
                                                       "noOfPriceDataObjects=$n "
                                                       "noOfUnobservedPriceDataObjects=$n "
                                                       "noOfPriceUpdatesForUnobservedProducts=$n")))},
-        {"nxSyntheticPriceServerInstanceList", Make<nxSyntheticPriceServerInstanceList>, 0x53505349,
-         "spread spec",
+        {"nxSyntheticPriceServerInstanceList", Make<nxSyntheticPriceServerInstanceList>,
+         AreEqual<nxSyntheticPriceServerInstanceList>, 0x53505349, "spread spec",
          Element("SyntheticPriceServerInstanceList",
                  Element("SyntheticPriceServerInstances", Elements("Instance=$t Instance=$t")))},
-        {"nxSyntheticSpreadOrderSpec_XML", Make<nxSyntheticSpreadOrderSpec_XML>, 0x53505244, "spread spec",
+        {"nxSyntheticSpreadOrderSpec_XML", Make<nxSyntheticSpreadOrderSpec_XML>,
+         AreEqual<nxSyntheticSpreadOrderSpec_XML>, 0x53505244, "spread spec",
          Element("SyntheticSpreadSpec",
                  Element("SpecName", "$t") +
                      Element("Legs", Element("Leg-0", EmptyLeg) + Element("Leg-1", EmptyLeg)) +
                      Elements("ScratchIfLegged=$f ExchDest=$t"))},
-        {"nxTradingHoursSchemeList", Make<nxTradingHoursSchemeList>, 0x5452534C, "trading hours scheme list",
+        {"nxTradingHoursSchemeList", Make<nxTradingHoursSchemeList>, AreEqual<nxTradingHoursSchemeList>,
+         0x5452534C, "trading hours scheme list",
          Element("TradingHoursSchemesList",
                  Element("TradingHoursSchemes",
                          Element("Scheme",
@@ -123,8 +150,8 @@ namespace {
                                                               "StartTime=09:00:00.000000001 StartDay=$n "
                                                               "EndTimeZoneRegion=$t EndTime=23:59:59.100 "
                                                               "EndDay=$n"))))))},
-        {"nxUserTextList", Make<nxUserTextList>, 0x5552544C, "user text history list",
-         Element("UserTextHistoryList", Elements("UT=$t UT=$t"))},
+        {"nxUserTextList", Make<nxUserTextList>, AreEqual<nxUserTextList>, 0x5552544C,
+         "user text history list", Element("UserTextHistoryList", Elements("UT=$t UT=$t"))},
     };
 
     std::string WithReferences(const std::string& text) {
@@ -136,18 +163,43 @@ namespace {
         return xml;
     }
 
-    // A document of that form, in the spelling in which documents are written.
-    std::string Filled(const std::string& form, nxRandomText& random) {
+    // What stands in the places of a form, and a text that is something else there.
+    std::string Filling(char kind, nxRandomText& random) {
+        if (kind == 't')
+            return WithReferences(random.Text() + random.Key() + random.Text());
+        if (kind == 'n')
+            return std::to_string(random.Flag() ? random.Below(9) : ~random.Below(9));
+        return random.Flag() ? "true" : "false";
+    }
+    std::string OtherFilling(char kind, const std::string& filling) {
+        if (kind == 't')
+            return filling + "x";
+        if (kind == 'n')
+            return filling == "9" ? "8" : "9";
+        return filling == "true" ? "false" : "true";
+    }
+
+    std::vector<std::string> Fillings(const std::string& form, nxRandomText& random) {
+        std::vector<std::string> fillings;
+        for (std::size_t at = form.find('$'); at != std::string::npos; at = form.find('$', at + 1))
+            fillings.push_back(Filling(form[at + 1], random));
+        return fillings;
+    }
+
+    // A document of that form, in the spelling in which documents are written. In the place `changed` stands
+    // something else than in `fillings`.
+    std::string Filled(const std::string& form, const std::vector<std::string>& fillings,
+                       std::size_t changed = std::string::npos) {
         std::string xml;
+        std::size_t place = 0;
         for (std::size_t at = 0; at < form.size(); ++at) {
-            if (form[at] != '$')
+            if (form[at] != '$') {
                 xml += form[at];
-            else if (form[++at] == 't')
-                xml += WithReferences(random.Text() + random.Key() + random.Text());
-            else if (form[at] == 'n')
-                xml += std::to_string(random.Flag() ? random.Below(9) : ~random.Below(9));
-            else
-                xml += random.Flag() ? "true" : "false";
+                continue;
+            }
+            ++at;
+            xml += place == changed ? OtherFilling(form[at], fillings[place]) : fillings[place];
+            ++place;
         }
         nxXMLDocument document;
         EXPECT_EQ(document.LoadFromString(xml), nxErrorEnum::OK) << xml;
@@ -158,10 +210,9 @@ namespace {
     class AllRecords : public testing::TestWithParam<Kind> {
     protected:
         Record NewRecord() const { return GetParam().make(); }
-        std::string RandomDocument() { return Filled(GetParam().form, _random); }
+        std::string RandomDocument() { return Filled(GetParam().form, Fillings(GetParam().form, random)); }
 
-    private:
-        nxRandomText _random{1};
+        nxRandomText random{1};
     };
 } // namespace
 
@@ -190,6 +241,22 @@ TEST_P(AllRecords, AreMadeByTheirCodeAndCopiedWhole) {
     Read(*record, RandomDocument());
     EXPECT_EQ(Written(*copy), xml);
     EXPECT_EQ(Written(*created), Written(*NewRecord()));
+}
+
+TEST_P(AllRecords, AreEqualWhenAllThatTheyHoldIs) {
+    const std::vector<std::string> fillings = Fillings(GetParam().form, random);
+    const Record record = NewRecord();
+    const Record same = NewRecord();
+    Read(*record, Filled(GetParam().form, fillings));
+    Read(*same, Filled(GetParam().form, fillings));
+    EXPECT_TRUE(GetParam().areEqual(*record, *same));
+    EXPECT_FALSE(GetParam().areEqual(*record, *NewRecord()));
+    for (std::size_t i = 0; i < fillings.size(); ++i) {
+        const std::string xml = Filled(GetParam().form, fillings, i);
+        const Record other = NewRecord();
+        Read(*other, xml);
+        EXPECT_FALSE(GetParam().areEqual(*record, *other)) << xml;
+    }
 }
 
 TEST_P(AllRecords, TakeAnyRootAndWhatStandsAroundTheirElements) {

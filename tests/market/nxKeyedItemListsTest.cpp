@@ -145,6 +145,20 @@ TYPED_TEST(KeyedItemList, IsValidAsLongAsEveryItemIs) {
     EXPECT_EQ(list.IsValid(), nxErrorEnum::InvalidData);
 }
 
+TYPED_TEST(KeyedItemList, PassesOverNullPointersWhichAreNotValid) {
+    typename TypeParam::List list;
+    this->Add(list, "A", "a");
+    const std::string xml = Written(list);
+    EXPECT_EQ(this->ItemsOf(list)["absent"], nullptr);
+    EXPECT_EQ(list.IsValid(), nxErrorEnum::InvalidData);
+    EXPECT_EQ(Written(list), xml);
+
+    const typename TypeParam::List copy(list);
+    EXPECT_TRUE(copy == list);
+    this->ItemsOf(list).erase("absent");
+    EXPECT_FALSE(copy == list);
+}
+
 TYPED_TEST(KeyedItemList, SharesItemsWhenAssignedThatLiveAsLongAsEitherListWhileCopiesHaveTheirOwn) {
     for (const bool destroyTheFirst : {true, false}) {
         auto first = std::make_unique<typename TypeParam::List>();
@@ -166,6 +180,19 @@ TYPED_TEST(KeyedItemList, SharesItemsWhenAssignedThatLiveAsLongAsEitherListWhile
         left = *&left;
         EXPECT_EQ(this->TextsOf(left).at("A"), "changed");
     }
+}
+
+TEST(nxExchangeDefinitionListQueries, PassOverNullPointers) {
+    nxExchangeDefinitionList list;
+    list.GetExchangeDefinitions()["absent"];
+    nxExchangeDefinitionList::Selection selection;
+    list.GetExchangesOnly(selection);
+    std::map<std::string, std::string> mnemonics;
+    list.ProcessExchangeDefinitionList(mnemonics, false, false);
+    std::string description = "before";
+    EXPECT_FALSE(list.GetDescriptionForMnemonic("absent", description));
+    EXPECT_EQ(description, "before");
+    EXPECT_TRUE(selection.empty() && mnemonics.empty());
 }
 
 TEST(nxMICDefinitionListConvertToXML, LogsEachItem) {

@@ -174,6 +174,23 @@ TEST(nxSyntheticSpreadOrderSpecIsValid, WantsTwoLegsAndEndsAtTheFirstBadOne) {
     }
 }
 
+TEST(nxSyntheticSpreadOrderSpecLegs, PassOverNullPointersWhichAreNotValid) {
+    Spec spec = SpecOf({LegOfSize(1), LegOfSize(2)});
+    const std::string xml = Written(spec);
+    const std::string text = spec.GetAsLogString();
+    spec.GetLegs().insert(spec.GetLegs().begin() + 1, nullptr);
+    EXPECT_EQ(Written(spec), xml); // numbered without a gap
+    EXPECT_EQ(spec.GetAsLogString(), text);
+    EXPECT_EQ(spec.GetWorkingLegCount(), 0U);
+    EXPECT_FALSE(spec.ContainsAuctionModeLegs());
+    EXPECT_TRUE(Spec(spec) == spec);
+    EXPECT_FALSE(SpecOf({LegOfSize(1), LegOfSize(2)}) == spec);
+
+    const nxCollectedLog log(nxLogLevelEnum::Error);
+    EXPECT_EQ(spec.IsValid("prefix: "), nxErrorEnum::InvalidData);
+    EXPECT_EQ(log.Entries(), Strings{"prefix: A leg is missing"});
+}
+
 TEST(nxSyntheticSpreadOrderSpecGetAsLogString, NamesEachLegByItsNumber) {
     Leg working, auction;
     working.SetWorkingLeg(true);
