@@ -50,9 +50,8 @@ namespace {
         // line ends
         "\r", "\r\n", "\r\r\n\n\r", "a\r\nb\rc\n", "\r&#13;\n&#10;", "<b\r\nc='1'\r/>\r",
         // characters
-        "\u007F\u0080\u0085\u009F\u00A0\u07FF\u0800\u2028\uD7FF\uE000\uFDD0\uFEFF\uFFFD\U00010000\U0001FFFE"
-        "\U0010FFFF",
-        "\uFFC0\uFFBF", "]", "]]", "]>", "] ]>", "]]]", ">\"'=/",
+        "\u007F\u0080\u0085\u009F\u00A0\u07FF\u0800\u2028\uD7FF\uE000\uFDD0\uFEFF\uFFFD",
+        "\U00010000\U0001FFFE\U0010FFFF", "\uFFC0\uFFBF", "]", "]]", "]>", "] ]>", "]]]", ">\"'=/",
         // attributes
         "<b c='1'/>", "<b c = \"1\" d\t=\n'2' ></b >", "<b c=''/>", "<b c='\"' d=\"'\"/>",
         "<b c='>' d=']]>' e='/>'/>", "<b c=' a  b '/>", "<b c='\ta\nb\rc\r\nd\r\n\r'/>",
