@@ -50,9 +50,8 @@ namespace {
         // line ends
         "\r", "\r\n", "\r\r\n\n\r", "a\r\nb\rc\n", "\r&#13;\n&#10;", "<b\r\nc='1'\r/>\r",
         // characters
-        "\u007F\u0080\u0085\u009F\u00A0\u07FF\u0800\u2028\uD7FF\uE000\uFDD0\uFEFF\uFFFD\U00010000\U0001FFFE"
-        "\U0010FFFF",
-        "\uFFC0\uFFBF", "]", "]]", "]>", "] ]>", "]]]", ">\"'=/",
+        "\u007F\u0080\u0085\u009F\u00A0\u07FF\u0800\u2028\uD7FF\uE000\uFDD0\uFEFF\uFFFD",
+        "\U00010000\U0001FFFE\U0010FFFF", "\uFFC0\uFFBF", "]", "]]", "]>", "] ]>", "]]]", ">\"'=/",
         // attributes
         "<b c='1'/>", "<b c = \"1\" d\t=\n'2' ></b >", "<b c=''/>", "<b c='\"' d=\"'\"/>",
         "<b c='>' d=']]>' e='/>'/>", "<b c=' a  b '/>", "<b c='\ta\nb\rc\r\nd\r\n\r'/>",
@@ -63,7 +62,8 @@ namespace {
         "<:/><_/><b:/><b:c:d/><b-/><b./><b1/>", "<\u00E9/><b\u00E9/><\u00E9b></\u00E9b>",
         "<b\u00B7/><\u0431\u0449></\u0431\u0449><\u4E00/>",
         "<ABCDEFGHIJKLMNOPQRSTUVWXYZ/><abcdefghijklmnopqrstuvwxyz0123456789/>",
-        "<b></b\r\n\t ><b\n/><b\t></b>", "<a-name-of-sixteen></a-name-of-sixteen>"};
+        "<b></b\r\n\t ><b\n/><b\t></b>",
+        "<abcdefghijklmnop></abcdefghijklmnop><bcdefghijklmnopqr></bcdefghijklmnopqr>"};
 
     // What the parser takes, but the scanner leaves to it.
     const Strings LeftContents = {"<b\U00010000/>", "<\U00010000/>"};
@@ -72,13 +72,15 @@ namespace {
         // structure
         "<", "<b", "<b>", "</b>", "<b></c>", "<b></b", "<b></bb>", "<bb></b>", "<b></ b>", "< b/>", "<b/ >",
         "<b / >", "<b//>", "<>", "</>", "<1/>", "<-/>", "<./>", "<b><c></b></c>", "<b></b/>", "<b></b c=''>",
-        "<b/>>]]>", "<\u00B7/>", "<\u00D7/>", "<b\u00D7/>", "<b\u2028/>", "<b+/>", "<b,/>", "<b`/>", "<b[/>",
-        "<b@/>", "<b{/>", "<b;/>", "<b^/>", "<b$/>", "<%/>",
+        "<bc></bd>                 ", "<abcdefghijklmnop></abcdefghijklmnoq>     ",
+        "<abcdefghijklmnopq></abcdefghijklmnopr>      ", "<b/>>]]>", "<\u00B7/>", "<\u00D7/>", "<b\u00D7/>",
+        "<b\u2028/>", "<b+/>", "<b,/>", "<b`/>", "<b[/>", "<b@/>", "<b{/>", "<b;/>", "<b^/>", "<b$/>", "<%/>",
         // text
-        "]]>", "]]]>", "a]]>", "<b/>]]>", "&", "& ", "&;", "&b;", "&lt", "&lt ;", "&LT;", "&nbsp;", "&ampx;",
-        "&#;", "&#x;", "&#a;", "&#xg;", "&#X41;", "&#65", "&#65 ;", "& #65;", "&#-1;", "&#+1;", "&#0;",
-        "&#1;", "&#x1F;", "&#8;", "&#xD800;", "&#xDFFF;", "&#xFFFE;", "&#xFFFF;", "&#x110000;", "&#1114112;",
-        "&#4294967361;", "&#x100000041;", "&#99999999999999999999;", "&#6:;", "&#x:;", "&#x@;", "&#x`;",
+        "]]>", "]]]>", "a]]>", "<b/>]]>", "<b/>&b;", "<b/>&#0;", "&", "& ", "&;", "&b;", "&lt", "&lt ;",
+        "&LT;", "&nbsp;", "&ampx;", "&#;", "&#x;", "&#a;", "&#xg;", "&#X41;", "&#65", "&#65 ;", "& #65;",
+        "&#-1;", "&#+1;", "&#0;", "&#1;", "&#x1F;", "&#8;", "&#xD800;", "&#xDFFF;", "&#xFFFE;", "&#xFFFF;",
+        "&#x110000;", "&#1114112;", "&#4294967361;", "&#x100000041;", "&#99999999999999999999;", "&#6:;",
+        "&#x:;", "&#x@;", "&#x`;",
         // comments, sections, instructions
         "<!--", "<!-->", "<!--->", "<!-- -- -->", "<!--- --->", "<!-- --", "<!- - -->", "<! ---->", "<!b>",
         "<!DOCTYPE r>", "<![CDATA[", "<![CDATA[]]", "<![CDATA[]] >", "<![cdata[]]>", "<![CDATA []]>",
@@ -96,75 +98,41 @@ namespace {
         "\xF0\x90\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xF8\x88\x80\x80\x80", "\xFE", "\xFF",
         "\xC3\xC3\xA9", "\xE9", "<\xE9/>", "<b c='\xE9'/>"};
 
-    const Strings TakenDocuments = {"<r/>",
-                                    "<r></r>",
-                                    "<r />\n",
-                                    " <r/>",
-                                    "\n\r\t <r/> \n\r\t",
-                                    "\uFEFF<r/>",
-                                    "\uFEFF<?xml version='1.0'?><r/>",
-                                    "<?xml version='1.0'?><r/>",
-                                    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r/>",
-                                    "<?xml version='1.0' encoding='utf-8' standalone='yes'?><r/>",
-                                    "<?xml version = '1.0'\tstandalone\r\n=\n\"no\" \n ?><r/>",
-                                    "<!--a--><?b?> <!--c--><r/><!--d--><?e?> ",
-                                    "<?xml-a?><r/>",
-                                    "\uFEFF \r\n<!--a--><r/>"};
+    const Strings TakenDocuments = {
+        // around the root element
+        "<r/>", "<r></r>", "<r />\n", " <r/>", "\n\r\t <r/> \n\r\t",
+        "<!--a--><?b?> <!--c--><r/><!--d--><?e?> ", "<?xml-a?><r/>",
+        // mark and declaration
+        "\uFEFF<r/>", "\uFEFF<?xml version='1.0'?><r/>", "<?xml version='1.0'?><r/>",
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<r/>",
+        "<?xml version='1.0' encoding='utf-8' standalone='yes'?><r/>",
+        "<?xml version = '1.0'\tstandalone\r\n=\n\"no\" \n ?><r/>", "\uFEFF \r\n<!--a--><r/>"};
 
-    const Strings LeftDocuments = {"<?xml\tversion='1.0'?><r/>",
-                                   "<?xml version='1.1'?><r/>",
-                                   "<?xml version='1.0' encoding='UTF8'?><r/>",
-                                   "<?xml version='1.0' encoding='Utf-8'?><r/>",
-                                   "<?xml version='1.0' encoding='ISO-8859-1'?><r>\xE9</r>",
-                                   "<?xml version='1.0' encoding='US-ASCII'?><r/>",
-                                   "\xFE\xFF\0<\0r\0/\0>"s};
+    const Strings LeftDocuments = {
+        // what few documents have
+        "<?xml\tversion='1.0'?><r/>",
+        "<?xml version='1.1'?><r/>",
+        "<?xml version='1.0' encoding='UTF8'?><r/>",
+        "<?xml version='1.0' encoding='Utf-8'?><r/>",
+        "<?xml version='1.0' encoding='ISO-8859-1'?><r>\xE9</r>",
+        "<?xml version='1.0' encoding='US-ASCII'?><r/>",
+        "\xFE\xFF\0<\0r\0/\0>"s};
 
-    const Strings RefusedDocuments = {"",
-                                      " ",
-                                      "r",
-                                      "<",
-                                      "<!--a-->",
-                                      "<?b?>",
-                                      "\uFEFF",
-                                      "\uFEFF\uFEFF<r/>",
-                                      "<r/><r/>",
-                                      "<r/>a",
-                                      "a<r/>",
-                                      "&amp;<r/>",
-                                      "<r/>&#32;",
-                                      "<r/><![CDATA[]]>",
-                                      "<![CDATA[]]><r/>",
-                                      "</r>",
-                                      "<r/></r>",
-                                      "<r/>\0"s,
-                                      "<r/>\x01",
-                                      "<r/>\xE9",
-                                      "<r/><!--",
-                                      "<r/><?b",
-                                      "<r/><!-->",
-                                      "<!DOCTYPE r><r/>",
-                                      "<r/><!DOCTYPE r>",
-                                      " <?xml version='1.0'?><r/>",
-                                      "<?xml version='1.0'?><?xml version='1.0'?><r/>",
-                                      "<?xml ?><r/>",
-                                      "<?xml?><r/>",
-                                      "<?xml encoding='UTF-8'?><r/>",
-                                      "<?xml version=1.0?><r/>",
-                                      "<?xml version='1.0\"?><r/>",
-                                      "<?xml version='1.0'><r/>",
-                                      "<?xml version='1.0' ? ><r/>",
-                                      "<?xml version='1.0'encoding='UTF-8'?><r/>",
-                                      "<?xml version='1.0' standalone='yes' encoding='UTF-8'?><r/>",
-                                      "<?xml version='2.0'?><r/>",
-                                      "<?xml version='1.0' standalone='maybe'?><r/>",
-                                      "<?xml version='1.0' encoding=''?><r/>",
-                                      "<?xml version='1.0' version='1.0'?><r/>",
-                                      "<?xml version='1.0' a='b'?><r/>",
-                                      "<?xml version='1.0'",
-                                      "<?XML version='1.0'?><r/>",
-                                      "<?xml version='1.0' encoding='nonsense'?><r/>",
-                                      "<?xml version '1.0'?><r/>",
-                                      "<?xml version='1.0' encoding='UTF-16'?><r/>"};
+    const Strings RefusedDocuments = {
+        // around the root element
+        "", " ", "r", "<", "<!--a-->", "<?b?>", "\uFEFF", "\uFEFF\uFEFF<r/>", "<r/><r/>", "<r/>a", "a<r/>",
+        "&amp;<r/>", "<r/>&#32;", "<r/><![CDATA[]]>", "<![CDATA[]]><r/>", "</r>", "<r/></r>", "<r/>\0"s,
+        "<r/>\x01", "<r/>\xE9", "<r/><!--", "<r/><?b", "<r/><!-->", "<!DOCTYPE r><r/>", "<r/><!DOCTYPE r>",
+        // declaration
+        " <?xml version='1.0'?><r/>", "<?xml version='1.0'?><?xml version='1.0'?><r/>", "<?xml ?><r/>",
+        "<?xml?><r/>", "<?xml encoding='UTF-8'?><r/>", "<?xml version=1.0?><r/>",
+        "<?xml version='1.0\"?><r/>", "<?xml version='1.0'><r/>", "<?xml version='1.0' ? ><r/>",
+        "<?xml version='1.0'encoding='UTF-8'?><r/>",
+        "<?xml version='1.0' standalone='yes' encoding='UTF-8'?><r/>", "<?xml version='2.0'?><r/>",
+        "<?xml version='1.0' standalone='maybe'?><r/>", "<?xml version='1.0' encoding=''?><r/>",
+        "<?xml version='1.0' version='1.0'?><r/>", "<?xml version='1.0' a='b'?><r/>", "<?xml version='1.0'",
+        "<?XML version='1.0'?><r/>", "<?xml version='1.0' encoding='nonsense'?><r/>",
+        "<?xml version '1.0'?><r/>", "<?xml version='1.0' encoding='UTF-16'?><r/>"};
 
     std::string Rooted(const std::string& content) {
         return "<r>" + content + "</r>";
@@ -243,72 +211,17 @@ namespace {
         }
 
         void _Mutate(std::string& document) {
-            static const std::string Tokens[] = {"<",
-                                                 ">",
-                                                 "&",
-                                                 "'",
-                                                 "\"",
-                                                 "=",
-                                                 "/",
-                                                 ":",
-                                                 ";",
-                                                 "!",
-                                                 "?",
-                                                 "-",
-                                                 "]",
-                                                 "x",
-                                                 "#",
-                                                 "\t",
-                                                 "\n",
-                                                 "\r",
-                                                 " ",
-                                                 "\r\n",
-                                                 "\0"s,
-                                                 "\x01",
-                                                 "\x1F",
-                                                 "\x7F",
-                                                 "\x80",
-                                                 "\xC2",
-                                                 "\xE2\x82",
-                                                 "\xEF\xBF",
-                                                 "\xFF",
-                                                 "\u0085",
-                                                 "\u00B7",
-                                                 "\u00D7",
-                                                 "\u00E9",
-                                                 "\u2028",
-                                                 "\u4E00",
-                                                 "\uFEFF",
-                                                 "\uFFFD",
-                                                 "\U00010000",
-                                                 "\xED\xA0\x80",
-                                                 "\xEF\xBF\xBE",
-                                                 "]]>",
-                                                 "<!--",
-                                                 "-->",
-                                                 "--",
-                                                 "<![CDATA[",
-                                                 "<?",
-                                                 "?>",
-                                                 "/>",
-                                                 "</",
-                                                 "<r>",
-                                                 "</r>",
-                                                 "<r/>",
-                                                 "<a>",
-                                                 "</a>",
-                                                 "<a/>",
-                                                 " a='1'",
-                                                 "&lt;",
-                                                 "&amp;",
-                                                 "&#13;",
-                                                 "&#x41;",
-                                                 "&#",
-                                                 "&#x",
-                                                 "xml",
-                                                 "<?xml version='1.0'?>",
-                                                 " encoding='UTF-8'",
-                                                 " standalone='no'"};
+            static const std::string Tokens[] = {
+                // bytes
+                "<", ">", "&", "'", "\"", "=", "/", ":", ";", "!", "?", "-", "]", "x", "#", "\t", "\n", "\r",
+                " ", "\r\n", "\0"s, "\x01", "\x1F", "\x7F", "\x80", "\xC2", "\xE2\x82", "\xEF\xBF", "\xFF",
+                // characters
+                "\u0085", "\u00B7", "\u00D7", "\u00E9", "\u2028", "\u4E00", "\uFEFF", "\uFFFD", "\U00010000",
+                "\xED\xA0\x80", "\xEF\xBF\xBE",
+                // markup
+                "]]>", "<!--", "-->", "--", "<![CDATA[", "<?", "?>", "/>", "</", "<r>", "</r>", "<r/>", "<a>",
+                "</a>", "<a/>", " a='1'", "&lt;", "&amp;", "&#13;", "&#x41;", "&#", "&#x", "xml",
+                "<?xml version='1.0'?>", " encoding='UTF-8'", " standalone='no'"};
             const std::size_t place = _Place(document);
             switch (_random.Below(9)) {
             case 0:

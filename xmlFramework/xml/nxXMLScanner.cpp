@@ -97,14 +97,14 @@ namespace {
             return _text.data() + _text.size();
         }
 
-        // Behind the end every byte is wanted.
+        // NUL stands for what is behind the end: wanted as the end of a name, and not wanted otherwise.
         std::uint64_t _Load() const {
             const std::size_t left = _text.size() - _block;
             if (left >= Size)
                 return _LoadFrom(_text.data() + _block);
             std::array<char, Size> padded{};
             _text.copy(padded.data(), left, _block);
-            return _LoadFrom(padded.data()) | ~std::uint64_t{0} << left;
+            return _LoadFrom(padded.data());
         }
 
         static std::uint64_t _LoadFrom(const char* from) {
