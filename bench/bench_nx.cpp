@@ -16,13 +16,16 @@
 
 #include <algorithm>
 #include <concepts>
+#include <functional>
 #include <iterator>
-#include <memory>
+#include <map>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <tuple>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -31,369 +34,203 @@ namespace {
             throw std::runtime_error("the library answers " + result.GetAsString());
     }
 
-    // ---- Values
-
-    template <class From, class To>
-    requires std::convertible_to<From, To>
-    void Convert(const From& from, To& to) {
-        to = from;
-    }
-    // Documents hold an enumeration's name or its short description.
-    template <const auto& Texts, std::derived_from<nxEnum> Enum>
-    void Convert(const bench::Choice<Texts>& from, Enum& to) {
-        const std::string text(from.Text());
-        if (!to.SetFromString(text) && !to.SetFromShortDescriptionString(text))
-            throw std::runtime_error("the library does not know " + text);
-    }
-    template <std::derived_from<nxEnum> Enum, const auto& Texts>
-    void Convert(const Enum& from, bench::Choice<Texts>& to) {
-        const bool isNamed = std::ranges::find(Texts, from.GetAsString()) != std::end(Texts);
-        bench::FromText(isNamed ? from.GetAsString() : from.GetShortDescription(), to);
-    }
-    void Convert(const bench::Decimal& from, nxDecimal& to) {
-        RequireOK(to.SetFromString(bench::ToText(from), '.'));
-    }
-    void Convert(const nxDecimal& from, bench::Decimal& to) {
-        bench::FromText(from.GetAsString('.'), to);
-    }
-    void Convert(const bench::Seconds& from, nxTime& to) {
-        to = nxTime(from);
-    }
-    void Convert(const nxTime& from, bench::Seconds& to) {
-        bench::FromText(from.GetAsString(), to);
+    // The one of two operations that changes nothing.
+    template <class Native, class Got>
+    constexpr auto Const(Got (Native::*get)() const) {
+        return get;
     }
 
-    // ---- Fields
+    // What the library's records hold, for the plain record's fields in their order. What is ignored the
+    // library derives when it writes.
+    constexpr auto GettersOf(const nxMICDefinition&) {
+        using N = nxMICDefinition;
+        return std::make_tuple(&N::GetMIC, &N::GetCountry, &N::GetIsoCountryCode, &N::GetOperatingMIC,
+                               Const(&N::GetIsOperatingMIC), &N::GetName, &N::GetAcronym, &N::GetCity,
+                               &N::GetWebsite, &N::GetStatusDate, &N::GetIsActive, &N::GetCreationDate,
+                               &N::GetComments);
+    }
+    constexpr auto GettersOf(const nxMICDefinitionList&) {
+        return std::make_tuple(Const(&nxMICDefinitionList::GetMICDefinitions));
+    }
+    constexpr auto GettersOf(const nxSyntheticSpreadOrderSpecLeg_XML&) {
+        using N = nxSyntheticSpreadOrderSpecLeg_XML;
+        return std::make_tuple(
+            &N::GetWorkingLeg, &N::GetTailSize, &N::GetOrderType, &N::GetLeaningLegRiskRatio,
+            &N::GetPessimisticVWAP, &N::GetPayupTicks, &N::GetConditionalTriggerVolume,
+            &N::GetConditionalTriggerRatio, &N::GetFinesse, &N::GetFinesseTriggerVolume,
+            &N::GetFinesseTriggerRatio, &N::GetIsAuctionModeLeg,
+            &N::GetInheritsTimeRestrictionFromSpreadOrder, &N::GetAccountIDOverride,
+            &N::GetHedgeAggressionMethod, &N::GetScratchPayupTicks, &N::GetPayupMethod, std::ignore,
+            std::ignore, std::ignore, std::ignore, &N::GetSensitivityTicks_1, &N::GetSensitivityRangeTicks_1,
+            &N::GetSensitivityTicks_2, &N::GetSensitivityRangeTicks_2, &N::GetSensitivityTicks_3,
+            &N::GetSensitivityRangeTicks_3, &N::GetSensitivityTicks_4, &N::GetSensitivityRangeTicks_4,
+            &N::GetSensitivityTicks_5, &N::GetSensitivityRangeTicks_5, &N::GetExecutionRestriction);
+    }
+    constexpr auto GettersOf(const nxSyntheticSpreadOrderSpec_XML&) {
+        using N = nxSyntheticSpreadOrderSpec_XML;
+        return std::make_tuple(&N::GetSpecName, Const(&N::GetLegs), &N::GetScratchIfLegged,
+                               &N::GetExchangeDestinationOverride);
+    }
+    constexpr auto GettersOf(const nxKestrumLimit&) {
+        using N = nxKestrumLimit;
+        return std::make_tuple(&N::GetProductID, &N::GetMaxShort, &N::GetMaxLong, &N::GetMaxBuys,
+                               &N::GetMaxSells, &N::GetClipLimit, &N::GetIsPartOfStrategy,
+                               &N::GetAllowNetting, &N::GetMarginRiskStrategy, &N::GetAccountID);
+    }
+    constexpr auto GettersOf(const nxKestrumJobSpec&) {
+        using N = nxKestrumJobSpec;
+        // Documents have a separator that people can read.
+        const auto getParameters = [](const N& job) {
+            std::string parameters = job.GetParameters();
+            nxStringHelper::Replace(parameters, "\x01", "^^|^^");
+            return parameters;
+        };
+        return std::make_tuple(&N::GetAlgorithmSpecName, getParameters, &N::GetLimits, &N::GetAccountID,
+                               &N::GetMaxTransactions, &N::GetMaxTransactionsPerSecond,
+                               &N::GetPreferredExchangeUser, &N::GetBackTestingAccountID,
+                               &N::GetAntiCrossPullOrders, &N::GetDisablePreLimitCheck);
+    }
+    constexpr auto GettersOf(const nxKestrumParameterDefinition&) {
+        using N = nxKestrumParameterDefinition;
+        return std::make_tuple(&N::GetName, &N::GetParameterType, &N::GetOptional, &N::GetIsSystemParameter,
+                               &N::GetReadOnly, &N::GetDescription, &N::GetValidValues);
+    }
+    constexpr auto GettersOf(const nxKestrumAlgorithmSpec&) {
+        using N = nxKestrumAlgorithmSpec;
+        return std::make_tuple(&N::GetScriptSourceCode, Const(&N::GetScriptParameterDefinitions),
+                               &N::GetSyntheticOrderType, &N::GetLimits, &N::GetModules,
+                               Const(&N::GetScriptOutputParameterDefinitions), &N::GetHideParentOrder);
+    }
+    constexpr auto GettersOf(const nxExchangeDefinition&) {
+        using N = nxExchangeDefinition;
+        return std::make_tuple(&N::GetMnemonic, &N::GetDescription, &N::IsExchange, &N::IsPriceSource,
+                               &N::IsOrderDestination, &N::GetMICs, &N::GetPriceStreams);
+    }
+    constexpr auto GettersOf(const nxExchangeDefinitionList&) {
+        return std::make_tuple(Const(&nxExchangeDefinitionList::GetExchangeDefinitions));
+    }
+    constexpr auto GettersOf(const nxTradingHoursPeriod&) {
+        using N = nxTradingHoursPeriod;
+        return std::make_tuple(&N::GetSessionType, &N::GetStartTimeZoneRegion, &N::GetStartTime,
+                               &N::GetStartDay, &N::GetEndTimeZoneRegion, &N::GetEndTime, &N::GetEndDay);
+    }
+    constexpr auto GettersOf(const nxTradingHoursScheme&) {
+        using N = nxTradingHoursScheme;
+        return std::make_tuple(&N::GetSchemeName, &N::GetTradingPeriods);
+    }
+    constexpr auto GettersOf(const nxTradingHoursSchemeList&) {
+        return std::make_tuple(Const(&nxTradingHoursSchemeList::GetTradingHoursSchemes));
+    }
+    constexpr auto GettersOf(const nxBrokerMap&) {
+        return std::make_tuple([](const nxBrokerMap& map) -> const nxBrokerMap& { return map; });
+    }
 
-    // A field of a plain record, and the library's operations for it.
-    template <class Plain, class Value, class Native, class Got, class Taken>
-    struct Bind {
-        Value Plain::*member;
-        Got (Native::*get)() const;
-        void (Native::*set)(Taken);
+    // From what the library has to what plain records have.
+    class ToPlain {
+    public:
+        template <class From, class To>
+        requires std::convertible_to<From, To>
+        static void Convert(const From& from, To& to) { to = from; }
 
-        void FromPlain(const Plain& plain, Native& native) const {
-            std::remove_cvref_t<Taken> value;
-            Convert(plain.*member, value);
-            (native.*set)(value);
+        // Documents hold an enumeration's name or its short description.
+        template <std::derived_from<nxEnum> Enum, const auto& Texts>
+        static void Convert(const Enum& from, bench::Choice<Texts>& to) {
+            const bool isNamed = std::ranges::find(Texts, from.GetAsString()) != std::end(Texts);
+            bench::FromText(isNamed ? from.GetAsString() : from.GetShortDescription(), to);
         }
-        void ToPlain(const Native& native, Plain& plain) const { Convert((native.*get)(), plain.*member); }
+        static void Convert(const nxDecimal& from, bench::Decimal& to) {
+            bench::FromText(from.GetAsString('.'), to);
+        }
+        static void Convert(const nxTime& from, bench::Seconds& to) {
+            bench::FromText(from.GetAsString(), to);
+        }
+
+        template <class Native, class... Fields>
+        static void Convert(const Native& from, bench::Record<Fields...>& to) {
+            const auto getters = GettersOf(from);
+            static_assert(std::tuple_size_v<decltype(getters)> == sizeof...(Fields));
+            std::apply([&](auto... get) { (ConvertField(from, get, static_cast<Fields&>(to).value), ...); },
+                       getters);
+        }
+        static void Convert(const nxSyntheticSpreadOrderSpecLeg_XML& from, bench::Leg& to) {
+            Convert<nxSyntheticSpreadOrderSpecLeg_XML>(from, to);
+            DeriveOlderPayup(to);
+        }
+
+        template <class From, bench::Name Text, class Container>
+        static void Convert(const From& from, bench::Items<Text, Container>& to) {
+            Convert(from, to.value);
+        }
+        template <class From, class Item>
+        requires(!std::convertible_to<From, std::vector<Item>>) static void Convert(const From& from,
+                                                                                    std::vector<Item>& to) {
+            for (const auto& item : from)
+                Convert(Pointee(item), to.emplace_back());
+        }
+        template <class Key, class From, class Item>
+        static void Convert(const std::map<Key, From>& from, std::map<Key, Item>& to) {
+            for (const auto& [key, item] : from)
+                Convert(Pointee(item), to[key]);
+        }
+        static void Convert(const std::set<std::string>& from, std::map<std::string, bench::Module>& to) {
+            for (const std::string& name : from)
+                bench::Get<"Name">(to[name]) = name;
+        }
+        static void Convert(const nxBrokerMap& from, bench::BrokersBothWays& to) {
+            for (const auto& [id, name] : from.GetBrokerIDMap()) {
+                bench::Broker& broker = to.byId[id];
+                bench::Get<"id">(broker) = id;
+                bench::Get<"name">(broker) = name;
+                to.idsByName[name] = from.GetBrokerID(name);
+            }
+        }
+
+    private:
+        template <class Native, class Getter, class To>
+        static void ConvertField(const Native& from, Getter get, To& to) {
+            if constexpr (!std::same_as<Getter, std::remove_cv_t<decltype(std::ignore)>>)
+                Convert(std::invoke(get, from), to);
+        }
+
+        template <class Item>
+        static const auto& Pointee(const Item& item) {
+            if constexpr (requires { *item.get(); })
+                return *item;
+            else
+                return item;
+        }
     };
-    template <class Plain, class Value, class Native, class Got, class Taken>
-    Bind(Value Plain::*, Got (Native::*)() const, void (Native::*)(Taken))
-        -> Bind<Plain, Value, Native, Got, Taken>;
 
-    constexpr auto BindingsOf(const bench::Mic&) {
-        using Plain = bench::Mic;
-        using Native = nxMICDefinition;
-        return std::tuple{
-            Bind{&Plain::mic, &Native::GetMIC, &Native::SetMIC},
-            Bind{&Plain::country, &Native::GetCountry, &Native::SetCountry},
-            Bind{&Plain::isoCountryCode, &Native::GetIsoCountryCode, &Native::SetIsoCountryCode},
-            Bind{&Plain::operatingMic, &Native::GetOperatingMIC, &Native::SetOperatingMIC},
-            Bind{&Plain::isOperatingMic, &Native::GetIsOperatingMIC, &Native::GetIsOperatingMIC},
-            Bind{&Plain::name, &Native::GetName, &Native::SetName},
-            Bind{&Plain::acronym, &Native::GetAcronym, &Native::SetAcronym},
-            Bind{&Plain::city, &Native::GetCity, &Native::SetCity},
-            Bind{&Plain::website, &Native::GetWebsite, &Native::SetWebsite},
-            Bind{&Plain::statusDate, &Native::GetStatusDate, &Native::SetStatusDate},
-            Bind{&Plain::isActive, &Native::GetIsActive, &Native::SetIsActive},
-            Bind{&Plain::creationDate, &Native::GetCreationDate, &Native::SetCreationDate},
-            Bind{&Plain::comments, &Native::GetComments, &Native::SetComments},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Leg&) {
-        using Plain = bench::Leg;
-        using Native = nxSyntheticSpreadOrderSpecLeg_XML;
-        return std::tuple{
-            Bind{&Plain::isWorking, &Native::GetWorkingLeg, &Native::SetWorkingLeg},
-            Bind{&Plain::tailSize, &Native::GetTailSize, &Native::SetTailSize},
-            Bind{&Plain::orderType, &Native::GetOrderType, &Native::SetOrderType},
-            Bind{&Plain::riskRatio, &Native::GetLeaningLegRiskRatio, &Native::SetLeaningLegRiskRatio},
-            Bind{&Plain::pessimisticVwap, &Native::GetPessimisticVWAP, &Native::SetPessimisticVWAP},
-            Bind{&Plain::payupTicks, &Native::GetPayupTicks, &Native::SetPayupTicks},
-            Bind{&Plain::conditionalTriggerVolume, &Native::GetConditionalTriggerVolume,
-                 &Native::SetConditionalTriggerVolume},
-            Bind{&Plain::conditionalTriggerRatio, &Native::GetConditionalTriggerRatio,
-                 &Native::SetConditionalTriggerRatio},
-            Bind{&Plain::finesse, &Native::GetFinesse, &Native::SetFinesse},
-            Bind{&Plain::finesseTriggerVolume, &Native::GetFinesseTriggerVolume,
-                 &Native::SetFinesseTriggerVolume},
-            Bind{&Plain::finesseTriggerRatio, &Native::GetFinesseTriggerRatio,
-                 &Native::SetFinesseTriggerRatio},
-            Bind{&Plain::isAuctionModeLeg, &Native::GetIsAuctionModeLeg, &Native::SetIsAuctionModeLeg},
-            Bind{&Plain::inheritsTimeRestriction, &Native::GetInheritsTimeRestrictionFromSpreadOrder,
-                 &Native::SetInheritsTimeRestrictionFromSpreadOrder},
-            Bind{&Plain::accountIdOverride, &Native::GetAccountIDOverride, &Native::SetAccountIDOverride},
-            Bind{&Plain::hedgeAggressionMethod, &Native::GetHedgeAggressionMethod,
-                 &Native::SetHedgeAggressionMethod},
-            Bind{&Plain::scratchPayupTicks, &Native::GetScratchPayupTicks, &Native::SetScratchPayupTicks},
-            Bind{&Plain::payupMethod, &Native::GetPayupMethod, &Native::SetPayupMethod},
-            Bind{&Plain::ticks1, &Native::GetSensitivityTicks_1, &Native::SetSensitivityTicks_1},
-            Bind{&Plain::range1, &Native::GetSensitivityRangeTicks_1, &Native::SetSensitivityRangeTicks_1},
-            Bind{&Plain::ticks2, &Native::GetSensitivityTicks_2, &Native::SetSensitivityTicks_2},
-            Bind{&Plain::range2, &Native::GetSensitivityRangeTicks_2, &Native::SetSensitivityRangeTicks_2},
-            Bind{&Plain::ticks3, &Native::GetSensitivityTicks_3, &Native::SetSensitivityTicks_3},
-            Bind{&Plain::range3, &Native::GetSensitivityRangeTicks_3, &Native::SetSensitivityRangeTicks_3},
-            Bind{&Plain::ticks4, &Native::GetSensitivityTicks_4, &Native::SetSensitivityTicks_4},
-            Bind{&Plain::range4, &Native::GetSensitivityRangeTicks_4, &Native::SetSensitivityRangeTicks_4},
-            Bind{&Plain::ticks5, &Native::GetSensitivityTicks_5, &Native::SetSensitivityTicks_5},
-            Bind{&Plain::range5, &Native::GetSensitivityRangeTicks_5, &Native::SetSensitivityRangeTicks_5},
-            Bind{&Plain::executionRestriction, &Native::GetExecutionRestriction,
-                 &Native::SetExecutionRestriction},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Spread&) {
-        using Plain = bench::Spread;
-        using Native = nxSyntheticSpreadOrderSpec_XML;
-        return std::tuple{
-            Bind{&Plain::name, &Native::GetSpecName, &Native::SetSpecName},
-            Bind{&Plain::scratchIfLegged, &Native::GetScratchIfLegged, &Native::SetScratchIfLegged},
-            Bind{&Plain::exchangeDestination, &Native::GetExchangeDestinationOverride,
-                 &Native::SetExchangeDestinationOverride},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Limit&) {
-        using Plain = bench::Limit;
-        using Native = nxKestrumLimit;
-        return std::tuple{
-            Bind{&Plain::product, &Native::GetProductID, &Native::SetProductID},
-            Bind{&Plain::maxShort, &Native::GetMaxShort, &Native::SetMaxShort},
-            Bind{&Plain::maxLong, &Native::GetMaxLong, &Native::SetMaxLong},
-            Bind{&Plain::maxBuys, &Native::GetMaxBuys, &Native::SetMaxBuys},
-            Bind{&Plain::maxSells, &Native::GetMaxSells, &Native::SetMaxSells},
-            Bind{&Plain::clipLimit, &Native::GetClipLimit, &Native::SetClipLimit},
-            Bind{&Plain::isPartOfStrategy, &Native::GetIsPartOfStrategy, &Native::SetIsPartOfStrategy},
-            Bind{&Plain::allowsNetting, &Native::GetAllowNetting, &Native::SetAllowNetting},
-            Bind{&Plain::marginRiskStrategy, &Native::GetMarginRiskStrategy, &Native::SetMarginRiskStrategy},
-            Bind{&Plain::account, &Native::GetAccountID, &Native::SetAccountID},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::JobSpec&) {
-        using Plain = bench::JobSpec;
-        using Native = nxKestrumJobSpec;
-        return std::tuple{
-            Bind{&Plain::algorithm, &Native::GetAlgorithmSpecName, &Native::SetAlgorithmSpecName},
-            Bind{&Plain::userString, &Native::GetParameters, &Native::SetParameters},
-            Bind{&Plain::account, &Native::GetAccountID, &Native::SetAccountID},
-            Bind{&Plain::maxTransactions, &Native::GetMaxTransactions, &Native::SetMaxTransactions},
-            Bind{&Plain::maxTransactionsPerSecond, &Native::GetMaxTransactionsPerSecond,
-                 &Native::SetMaxTransactionsPerSecond},
-            Bind{&Plain::preferredExchangeUser, &Native::GetPreferredExchangeUser,
-                 &Native::SetPreferredExchangeUser},
-            Bind{&Plain::backTestingAccount, &Native::GetBackTestingAccountID,
-                 &Native::SetBackTestingAccountID},
-            Bind{&Plain::antiCrossPullOrders, &Native::GetAntiCrossPullOrders,
-                 &Native::SetAntiCrossPullOrders},
-            Bind{&Plain::disablesPreLimitCheck, &Native::GetDisablePreLimitCheck,
-                 &Native::SetDisablePreLimitCheck},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Definition&) {
-        using Plain = bench::Definition;
-        using Native = nxKestrumParameterDefinition;
-        return std::tuple{
-            Bind{&Plain::name, &Native::GetName, &Native::SetName},
-            Bind{&Plain::type, &Native::GetParameterType, &Native::SetParameterType},
-            Bind{&Plain::isOptional, &Native::GetOptional, &Native::SetOptional},
-            Bind{&Plain::isReadOnly, &Native::GetReadOnly, &Native::SetReadOnly},
-            Bind{&Plain::description, &Native::GetDescription, &Native::SetDescription},
-            Bind{&Plain::validValues, &Native::GetValidValues, &Native::SetValidValues},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::AlgorithmSpec&) {
-        using Plain = bench::AlgorithmSpec;
-        using Native = nxKestrumAlgorithmSpec;
-        return std::tuple{
-            Bind{&Plain::script, &Native::GetScriptSourceCode, &Native::SetScriptSourceCode},
-            Bind{&Plain::orderType, &Native::GetSyntheticOrderType, &Native::SetSyntheticOrderType},
-            Bind{&Plain::hidesParentOrder, &Native::GetHideParentOrder, &Native::SetHideParentOrder},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Exchange&) {
-        using Plain = bench::Exchange;
-        using Native = nxExchangeDefinition;
-        return std::tuple{
-            Bind{&Plain::mnemonic, &Native::GetMnemonic, &Native::SetMnemonic},
-            Bind{&Plain::description, &Native::GetDescription, &Native::SetDescription},
-            Bind{&Plain::isExchange, &Native::IsExchange, &Native::SetIsExchange},
-            Bind{&Plain::isPriceSource, &Native::IsPriceSource, &Native::SetIsPriceSource},
-            Bind{&Plain::isOrderDestination, &Native::IsOrderDestination, &Native::SetIsOrderDestination},
-            Bind{&Plain::mics, &Native::GetMICs, &Native::SetMICs},
-            Bind{&Plain::priceStreams, &Native::GetPriceStreams, &Native::SetPriceStreams},
-        };
-    }
-
-    constexpr auto BindingsOf(const bench::Period&) {
-        using Plain = bench::Period;
-        using Native = nxTradingHoursPeriod;
-        return std::tuple{
-            Bind{&Plain::sessionType, &Native::GetSessionType, &Native::SetSessionType},
-            Bind{&Plain::startRegion, &Native::GetStartTimeZoneRegion, &Native::SetStartTimeZoneRegion},
-            Bind{&Plain::startTime, &Native::GetStartTime, &Native::SetStartTime},
-            Bind{&Plain::startDay, &Native::GetStartDay, &Native::SetStartDay},
-            Bind{&Plain::endRegion, &Native::GetEndTimeZoneRegion, &Native::SetEndTimeZoneRegion},
-            Bind{&Plain::endTime, &Native::GetEndTime, &Native::SetEndTime},
-            Bind{&Plain::endDay, &Native::GetEndDay, &Native::SetEndDay},
-        };
-    }
-
-    template <class Plain, class Native>
-    void FieldsFromPlain(const Plain& plain, Native& native) {
-        std::apply([&](const auto&... field) { (field.FromPlain(plain, native), ...); }, BindingsOf(plain));
-    }
-    template <class Native, class Plain>
-    void FieldsToPlain(const Native& native, Plain& plain) {
-        std::apply([&](const auto&... field) { (field.ToPlain(native, plain), ...); }, BindingsOf(plain));
-    }
-
-    template <class Native, class Plain>
-    Native FromPlain(const Plain& plain) {
-        Native native;
-        FieldsFromPlain(plain, native);
-        return native;
-    }
-    template <class Plain, class Native>
-    Plain ToPlain(const Native& native) {
-        Plain plain;
-        FieldsToPlain(native, plain);
-        return plain;
-    }
-
-    // ---- Documents
-
-    nxMICDefinitionList Make(const bench::MicList& plain) {
-        nxMICDefinitionList list;
-        for (const auto& [code, mic] : plain.mics)
-            list.GetMICDefinitions().emplace(
-                code, std::make_shared<nxMICDefinition>(FromPlain<nxMICDefinition>(mic)));
-        return list;
-    }
-    void ToPlain(const nxMICDefinitionList& list, bench::MicList& plain) {
-        for (const auto& [code, definition] : list.GetMICDefinitions())
-            plain.mics.emplace(code, ToPlain<bench::Mic>(*definition));
-    }
-
-    nxSyntheticSpreadOrderSpec_XML Make(const bench::Spread& plain) {
-        auto spread = FromPlain<nxSyntheticSpreadOrderSpec_XML>(plain);
-        for (const bench::Leg& leg : plain.legs)
-            spread.GetLegs().push_back(std::make_unique<nxSyntheticSpreadOrderSpecLeg_XML>(
-                FromPlain<nxSyntheticSpreadOrderSpecLeg_XML>(leg)));
-        return spread;
-    }
-    void ToPlain(const nxSyntheticSpreadOrderSpec_XML& spread, bench::Spread& plain) {
-        FieldsToPlain(spread, plain);
-        for (const auto& leg : spread.GetLegs()) {
-            plain.legs.push_back(ToPlain<bench::Leg>(*leg));
-            plain.legs.back().DeriveOlderPayup();
-        }
-    }
-
-    constexpr std::string_view SeparatorInRecords = "\x01";
-    constexpr std::string_view SeparatorInDocuments = "^^|^^";
-
-    nxKestrumJobSpec Make(const bench::JobSpec& plain) {
-        auto job = FromPlain<nxKestrumJobSpec>(plain);
-        std::string userString = plain.userString;
-        nxStringHelper::Replace(userString, SeparatorInDocuments, SeparatorInRecords);
-        job.SetParameters(userString);
-        for (const bench::Limit& limit : plain.limits)
-            job.AddLimit(FromPlain<nxKestrumLimit>(limit));
-        return job;
-    }
-    void ToPlain(const nxKestrumJobSpec& job, bench::JobSpec& plain) {
-        FieldsToPlain(job, plain);
-        nxStringHelper::Replace(plain.userString, SeparatorInRecords, SeparatorInDocuments);
-        for (const auto& limit : job.GetLimits())
-            plain.limits.push_back(ToPlain<bench::Limit>(*limit));
-    }
-
-    void ToPlain(const nxKestrumAlgorithmSpec::Definitions& definitions,
-                 std::vector<bench::Definition>& plain) {
-        for (const auto& definition : definitions) {
-            plain.push_back(ToPlain<bench::Definition>(*definition));
-            plain.back().isSystemParameter = definition->GetIsSystemParameter(); // nobody can set it
-        }
-    }
-
-    nxKestrumAlgorithmSpec Make(const bench::AlgorithmSpec& plain) {
-        auto algorithm = FromPlain<nxKestrumAlgorithmSpec>(plain);
-        for (const bench::Definition& definition : plain.parameters)
-            algorithm.AddScriptParameterDefinition(FromPlain<nxKestrumParameterDefinition>(definition));
-        for (const bench::Limit& limit : plain.limits)
-            algorithm.AddLimit(FromPlain<nxKestrumLimit>(limit));
-        for (const auto& [name, module] : plain.modules)
-            algorithm.AddModule(name);
-        for (const bench::Definition& definition : plain.outputParameters)
-            algorithm.AddScriptOutputParameterDefinition(FromPlain<nxKestrumParameterDefinition>(definition));
-        return algorithm;
-    }
-    void ToPlain(const nxKestrumAlgorithmSpec& algorithm, bench::AlgorithmSpec& plain) {
-        FieldsToPlain(algorithm, plain);
-        ToPlain(algorithm.GetScriptParameterDefinitions(), plain.parameters);
-        for (const auto& limit : algorithm.GetLimits())
-            plain.limits.push_back(ToPlain<bench::Limit>(*limit));
-        for (const std::string& name : algorithm.GetModules())
-            plain.modules.emplace(name, bench::Module{name});
-        ToPlain(algorithm.GetScriptOutputParameterDefinitions(), plain.outputParameters);
-    }
-
-    nxExchangeDefinitionList Make(const bench::ExchangeList& plain) {
-        nxExchangeDefinitionList list;
-        for (const auto& [mnemonic, exchange] : plain.exchanges)
-            list.GetExchangeDefinitions().emplace(
-                mnemonic, std::make_shared<nxExchangeDefinition>(FromPlain<nxExchangeDefinition>(exchange)));
-        return list;
-    }
-    void ToPlain(const nxExchangeDefinitionList& list, bench::ExchangeList& plain) {
-        for (const auto& [mnemonic, definition] : list.GetExchangeDefinitions())
-            plain.exchanges.emplace(mnemonic, ToPlain<bench::Exchange>(*definition));
-    }
-
-    nxTradingHoursSchemeList Make(const bench::SchemeList& plain) {
-        nxTradingHoursSchemeList list;
-        for (const auto& [name, scheme] : plain.schemes) {
-            nxTradingHoursScheme& made = list.GetTradingHoursSchemes()[name];
-            made.SetSchemeName(scheme.name);
-            for (const bench::Period& period : scheme.periods)
-                made.AddTradingPeriod(FromPlain<nxTradingHoursPeriod>(period));
-        }
-        return list;
-    }
-    void ToPlain(const nxTradingHoursSchemeList& list, bench::SchemeList& plain) {
-        for (const auto& [name, scheme] : list.GetTradingHoursSchemes()) {
-            bench::Scheme& made = plain.schemes[name];
-            made.name = scheme.GetSchemeName();
-            for (const nxTradingHoursPeriod& period : scheme.GetTradingPeriods())
-                made.periods.push_back(ToPlain<bench::Period>(period));
-        }
-    }
-
-    nxBrokerMap Make(const bench::BrokerMap& plain) {
-        nxBrokerMap map;
-        for (const auto& [id, broker] : plain.brokers)
-            map.SetBrokerIDAndName(id, broker.name);
-        return map;
-    }
-    void ToPlain(const nxBrokerMap& map, bench::BrokerMap& plain) {
-        for (const auto& [id, name] : map.GetBrokerIDMap()) {
-            plain.brokers.byId[id] = {id, name};
-            plain.brokers.idsByName[name] = map.GetBrokerID(name);
-        }
+    template <class Native>
+    Native Load(const std::string& text) {
+        Native record;
+        RequireOK(record.ConvertFromXML(text, ""));
+        return record;
     }
 
     struct Library {
-        template <class Plain>
-        static auto Make(const Plain& plain) {
-            return ::Make(plain);
+        static auto Make(const bench::Sample<bench::MicList>& sample) {
+            return Load<nxMICDefinitionList>(sample.text);
         }
+        static auto Make(const bench::Sample<bench::Spread>& sample) {
+            return Load<nxSyntheticSpreadOrderSpec_XML>(sample.text);
+        }
+        static auto Make(const bench::Sample<bench::JobSpec>& sample) {
+            return Load<nxKestrumJobSpec>(sample.text);
+        }
+        static auto Make(const bench::Sample<bench::AlgorithmSpec>& sample) {
+            return Load<nxKestrumAlgorithmSpec>(sample.text);
+        }
+        static auto Make(const bench::Sample<bench::ExchangeList>& sample) {
+            return Load<nxExchangeDefinitionList>(sample.text);
+        }
+        static auto Make(const bench::Sample<bench::SchemeList>& sample) {
+            return Load<nxTradingHoursSchemeList>(sample.text);
+        }
+        static auto Make(const bench::Sample<bench::BrokerMap>& sample) {
+            return Load<nxBrokerMap>(sample.text);
+        }
+
         template <class Native>
         static void Read(const std::string& text, Native& record) {
             RequireOK(record.ConvertFromXML(text, ""));
@@ -405,7 +242,7 @@ namespace {
         template <class Native, class Plain>
         static bool Holds(const Native& record, const Plain& plain) {
             Plain found;
-            ToPlain(record, found);
+            ToPlain::Convert(record, found);
             return found == plain;
         }
     };

@@ -71,10 +71,8 @@ namespace {
 
     struct Scan {
         template <class Plain>
-        static Counts Make(const Plain& plain) {
-            Counts counts;
-            bench::WriteValue(CountingNode(counts), plain);
-            return counts;
+        static Counts Make(const bench::Sample<Plain>& sample) {
+            return Count(sample.records);
         }
 
         static void Read(const std::string& text, Counts& counts) {
@@ -94,7 +92,15 @@ namespace {
 
         template <class Plain>
         static bool Holds(const Counts& counts, const Plain& plain) {
-            return counts == Make(plain);
+            return counts == Count(plain);
+        }
+
+    private:
+        template <class Plain>
+        static Counts Count(const Plain& plain) {
+            Counts counts;
+            bench::WriteValue(CountingNode(counts), plain);
+            return counts;
         }
     };
 } // namespace

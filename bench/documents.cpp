@@ -8,7 +8,6 @@
 #include <iterator>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -114,33 +113,34 @@ namespace {
     Mic MakeMic(Random& random, const std::string& code, const std::string& operatingMic) {
         const Place& place = random.Of(Places);
         Mic mic;
-        mic.mic = code;
-        mic.country = place.country;
-        mic.isoCountryCode = place.code;
-        mic.operatingMic = operatingMic;
-        mic.isOperatingMic = code == operatingMic;
-        mic.name = Phrase(random, random.Of(NameLengths));
+        Get<"MIC">(mic) = code;
+        Get<"Country">(mic) = place.country;
+        Get<"ISOCountryCode">(mic) = place.code;
+        Get<"OperatingMIC">(mic) = operatingMic;
+        Get<"IsOperatingMIC">(mic) = code == operatingMic;
+        Get<"Name">(mic) = Phrase(random, random.Of(NameLengths));
         if (random.Permille(370))
-            mic.acronym = Letters(random, 3 + random.Below(4));
-        mic.city = random.Of(place.cities);
+            Get<"Acronym">(mic) = Letters(random, 3 + random.Below(4));
+        Get<"City">(mic) = random.Of(place.cities);
         if (!random.Permille(20))
-            mic.website = "WWW." + Letters(random, 4 + random.Below(14)) + ".COM";
-        mic.statusDate = MonthAndYear(random);
-        mic.isActive = random.Permille(800);
-        mic.creationDate = MonthAndYear(random);
-        mic.comments = Phrase(random, random.Of(CommentLengths));
+            Get<"Website">(mic) = "WWW." + Letters(random, 4 + random.Below(14)) + ".COM";
+        Get<"StatusDate">(mic) = MonthAndYear(random);
+        Get<"IsActive">(mic) = random.Permille(800);
+        Get<"CreationDate">(mic) = MonthAndYear(random);
+        Get<"Comments">(mic) = Phrase(random, random.Of(CommentLengths));
         return mic;
     }
 
-    bench::MicList MakeMicList() {
+    bench::MicList MakeMicList(std::size_t count) {
         Random random(Seed);
         bench::MicList list;
         std::string operatingMic;
-        while (list.mics.size() < 2017) {
+        auto& mics = Get<"MICDefinitions">(list);
+        while (mics.size() < count) {
             const std::string code = Letters(random, 4);
             if (operatingMic.empty() || random.Permille(570))
                 operatingMic = code;
-            list.mics.try_emplace(code, MakeMic(random, code, operatingMic));
+            mics.try_emplace(code, MakeMic(random, code, operatingMic));
         }
         return list;
     }
@@ -173,48 +173,49 @@ namespace {
         value.index = random.Below(std::size(Texts));
     }
 
-    template <class Record, class Value>
-    void FillField(Random& random, const bench::Field<Record, Value>& field, Record& record) {
-        Fill(random, record.*field.member);
+    template <bench::Name Text, class Value>
+    void FillField(Random& random, bench::Field<Text, Value>& field) {
+        Fill(random, field.value);
     }
-    template <class Record, class Value>
-    void FillField(Random& random, const bench::Attribute<Record, Value>& attribute, Record& record) {
-        Fill(random, record.*attribute.member);
+    template <bench::Name Text, class Value>
+    void FillField(Random& random, bench::Attribute<Text, Value>& attribute) {
+        Fill(random, attribute.value);
     }
-    template <class Record, class Lists>
-    void FillField(Random&, const Lists&, Record&) {}
+    template <class Lists>
+    void FillField(Random&, Lists&) {}
 
     // A record with everything but its lists.
     template <class Record>
     Record Make(Random& random) {
         Record record;
-        std::apply([&](const auto&... field) { (FillField(random, field, record), ...); }, Record::Fields);
+        ForEachField(record, [&random](auto& field) { FillField(random, field); });
         return record;
     }
 
     bench::Leg MakeLeg(Random& random, bool isWorking) {
         auto leg = Make<bench::Leg>(random);
-        leg.isWorking = isWorking;
-        leg.finesse = true; // or else some elements are left out
-        leg.DeriveOlderPayup();
+        Get<"WorkingLeg">(leg) = isWorking;
+        Get<"Finesse">(leg) = true; // or else some elements are left out
+        DeriveOlderPayup(leg);
         return leg;
     }
 
     bench::Spread MakeSpread() {
         Random random(Seed);
         auto spread = Make<bench::Spread>(random);
-        spread.legs = {MakeLeg(random, true), MakeLeg(random, false)};
+        Get<"Legs">(spread) = {MakeLeg(random, true), MakeLeg(random, false)};
         return spread;
     }
 
     bench::JobSpec MakeJobSpec() {
         Random random(Seed);
         auto job = Make<bench::JobSpec>(random);
-        job.userString.clear();
+        std::string& parameters = Get<"Parameters">(job);
+        parameters.clear();
         for (std::size_t i = 0; i < 20; ++i)
-            job.userString += Letters(random, 10) + '=' + std::to_string(random.Below(100000)) + "^^|^^";
+            parameters += Letters(random, 10) + '=' + std::to_string(random.Below(100000)) + "^^|^^";
         for (std::size_t i = 0; i < 5; ++i)
-            job.limits.push_back(Make<bench::Limit>(random));
+            Get<"Limits">(job).push_back(Make<bench::Limit>(random));
         return job;
     }
 
@@ -222,10 +223,10 @@ namespace {
         std::vector<bench::Definition> definitions;
         for (std::size_t i = 0; i < count; ++i) {
             auto definition = Make<bench::Definition>(random);
-            definition.name = Letters(random, 10) + std::to_string(i);
-            definition.isSystemParameter = false; // those stand in no document
+            Get<"Name">(definition) = Letters(random, 10) + std::to_string(i);
+            Get<"SystemParameter">(definition) = false; // those stand in no document
             if (random.Permille(200))
-                Fill(random, definition.validValues);
+                Fill(random, Get<"ValidValues">(definition));
             definitions.push_back(std::move(definition));
         }
         return definitions;
@@ -243,50 +244,58 @@ namespace {
     bench::AlgorithmSpec MakeAlgorithmSpec() {
         Random random(Seed);
         auto algorithm = Make<bench::AlgorithmSpec>(random);
-        algorithm.script = MakeScript(random);
-        algorithm.parameters = MakeDefinitions(random, 50);
-        algorithm.limits.push_back(Make<bench::Limit>(random));
-        for (const char* module : {"schedule", "venues"})
-            algorithm.modules.try_emplace(module, bench::Module{module});
-        algorithm.outputParameters = MakeDefinitions(random, 2);
+        Get<"ScriptSourceCode">(algorithm) = MakeScript(random);
+        Get<"Parameters">(algorithm) = MakeDefinitions(random, 50);
+        Get<"Limits">(algorithm).push_back(Make<bench::Limit>(random));
+        for (const char* name : {"schedule", "venues"}) {
+            bench::Module module;
+            Get<"Name">(module) = name;
+            Insert(Get<"Modules">(algorithm), module);
+        }
+        Get<"OutputParameters">(algorithm) = MakeDefinitions(random, 2);
         return algorithm;
     }
 
-    bench::ExchangeList MakeExchangeList() {
+    bench::ExchangeList MakeExchangeList(std::size_t count) {
         Random random(Seed);
         bench::ExchangeList list;
-        while (list.exchanges.size() < 500) {
+        auto& exchanges = Get<"ExchangeDefinitions">(list);
+        while (exchanges.size() < count) {
             auto exchange = Make<bench::Exchange>(random);
-            exchange.mnemonic = Letters(random, 3 + random.Below(5));
-            list.exchanges.try_emplace(exchange.mnemonic, exchange);
+            Get<"Mnemonic">(exchange) = Letters(random, 3 + random.Below(5));
+            Insert(exchanges, exchange);
         }
         return list;
     }
 
-    bench::SchemeList MakeSchemeList() {
+    bench::SchemeList MakeSchemeList(std::size_t count) {
         Random random(Seed);
         bench::SchemeList list;
-        while (list.schemes.size() < 200) {
+        auto& schemes = Get<"TradingHoursSchemes">(list);
+        while (schemes.size() < count) {
             auto scheme = Make<bench::Scheme>(random);
-            while (scheme.periods.size() < 10) {
+            auto& periods = Get<"Periods">(scheme);
+            while (periods.size() < 10) {
                 auto period = Make<bench::Period>(random);
-                period.startRegion = period.endRegion = random.Of(Regions);
-                period.startDay = 1;
-                period.endDay = 5;
-                scheme.periods.push_back(std::move(period));
+                Get<"StartTimeZoneRegion">(period) = random.Of(Regions);
+                Get<"EndTimeZoneRegion">(period) = Get<"StartTimeZoneRegion">(period);
+                Get<"StartDay">(period) = 1;
+                Get<"EndDay">(period) = 5;
+                periods.push_back(std::move(period));
             }
-            list.schemes.try_emplace(scheme.name, scheme);
+            Insert(schemes, scheme);
         }
         return list;
     }
 
-    bench::BrokerMap MakeBrokerMap() {
+    bench::BrokerMap MakeBrokerMap(std::size_t count) {
         Random random(Seed);
         bench::BrokerMap map;
-        while (map.brokers.byId.size() < 5000) {
+        auto& brokers = Get<"Broker">(map);
+        while (brokers.byId.size() < count) {
             auto broker = Make<bench::Broker>(random);
-            broker.id = static_cast<unsigned int>(map.brokers.byId.size() * 7);
-            Insert(map.brokers, broker);
+            Get<"id">(broker) = static_cast<unsigned int>(brokers.byId.size() * 7);
+            Insert(brokers, broker);
         }
         return map;
     }
@@ -337,21 +346,37 @@ namespace {
     };
 
     template <class Plain>
-    bench::Document<Plain> MakeDocument(const char* name, Plain records) {
+    bench::Sample<Plain> MakeSample(const char* name, Plain records) {
         std::string xml;
         WriteValue(Node(xml, Plain::Root), records);
         return {name, std::move(xml), std::move(records)};
     }
 } // namespace
 
-bench::Documents bench::MakeDocuments() {
+bench::Sample<bench::MicList> bench::MakeMics(std::size_t times) {
+    return MakeSample("mics", MakeMicList(2017 * times));
+}
+
+bench::Sample<bench::ExchangeList> bench::MakeExchanges(std::size_t times) {
+    return MakeSample("exchanges", MakeExchangeList(500 * times));
+}
+
+bench::Sample<bench::SchemeList> bench::MakeHours(std::size_t times) {
+    return MakeSample("hours", MakeSchemeList(200 * times));
+}
+
+bench::Sample<bench::BrokerMap> bench::MakeBrokers(std::size_t times) {
+    return MakeSample("brokers", MakeBrokerMap(5000 * times));
+}
+
+bench::Samples bench::MakeSamples() {
     return {
-        MakeDocument("mics", MakeMicList()),
-        MakeDocument("spread", MakeSpread()),
-        MakeDocument("job", MakeJobSpec()),
-        MakeDocument("algorithm", MakeAlgorithmSpec()),
-        MakeDocument("exchanges", MakeExchangeList()),
-        MakeDocument("hours", MakeSchemeList()),
-        MakeDocument("brokers", MakeBrokerMap()),
+        MakeMics(),
+        MakeSample("spread", MakeSpread()),
+        MakeSample("job", MakeJobSpec()),
+        MakeSample("algorithm", MakeAlgorithmSpec()),
+        MakeExchanges(),
+        MakeHours(),
+        MakeBrokers(),
     };
 }

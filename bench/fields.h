@@ -5,66 +5,101 @@
 
 #include "bench/values.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
-#include <tuple>
 #include <utility>
 #include <vector>
 
-// How a plain record stands in a document, said once: a tuple `Fields` of the kinds below in the order in
-// which they are written. Reading and writing follow from it for every stack, through a class `Node` of the
-// stack's:
+// Plain records: a list of fields in the order in which they stand in a document. Reading and writing follow
+// from it for every stack, through a class `Node` of the stack's:
 //
 //   node.ForEachChild(visit)           calls visit(child, name) for each child element
 //   node.GetText(), GetAttribute(name)
 //   node.Append(name)                  adds a child element, and returns it
 //   node.SetText(text), SetAttribute(name, text)
 namespace bench {
-    // An attribute.
-    template <class Record, class Value>
-    struct Attribute {
-        const char* name;
-        Value Record::*member;
+    template <std::size_t Size>
+    struct Name {
+        char text[Size]{};
+
+        consteval Name(const char (&literal)[Size]) { std::ranges::copy(literal, text); }
     };
+
+    template <Name Text, class Value>
+    struct Member {
+        static constexpr const char* name = Text.text;
+        Value value{};
+
+        bool operator==(const Member&) const = default;
+    };
+
+    // ---- The kinds of fields
+
+    template <Name Text, class Value>
+    struct Attribute : Member<Text, Value> {};
 
     // A child element: text, or a record of its own.
-    template <class Record, class Value>
-    struct Field {
-        const char* name;
-        Value Record::*member;
-    };
+    template <Name Text, class Value>
+    struct Field : Member<Text, Value> {};
 
     // A child element an item. A name that ends in a dash goes on with the item's key in a map, and with its
-    // number elsewhere. A map's items say by `Key` which of their members that is; the first of a key stays.
-    template <class Record, class Container>
-    struct Items {
-        const char* name;
-        Container Record::*member;
-
-        bool IsNamePrefix() const { return std::string_view(name).ends_with('-'); }
+    // number elsewhere. The key is the item's first field; the first item of a key stays.
+    template <Name Text, class Container>
+    struct Items : Member<Text, Container> {
+        static constexpr bool IsNamePrefix = std::string_view(Text.text).ends_with('-');
     };
 
     // Items in a child element.
-    template <class Record, class Container>
-    struct List {
-        const char* name;
-        Items<Record, Container> items;
+    template <Name Text, Name ItemText, class Container>
+    struct List : Member<Text, Items<ItemText, Container>> {};
+
+    template <class... Fields>
+    struct Record : Fields... {
+        bool operator==(const Record&) const = default;
     };
 
-    template <class Record, class Value>
-    Attribute(const char*, Value Record::*) -> Attribute<Record, Value>;
-    template <class Record, class Value>
-    Field(const char*, Value Record::*) -> Field<Record, Value>;
-    template <class Record, class Container>
-    Items(const char*, Container Record::*) -> Items<Record, Container>;
-    template <class Record, class Container>
-    List(const char*, Items<Record, Container>) -> List<Record, Container>;
+    // The record of a whole document, whose root element has that name.
+    template <Name RootName, class... Fields>
+    struct Document : Record<Fields...> {
+        static constexpr const char* Root = RootName.text;
+    };
+
+    // ---- What is in a record
+
+    template <Name Text, class Value>
+    Value& Get(Member<Text, Value>& member) {
+        return member.value;
+    }
+    template <Name Text, class Value>
+    const Value& Get(const Member<Text, Value>& member) {
+        return member.value;
+    }
+    // The items of a list.
+    template <Name Text, Name ItemText, class Container>
+    Container& Get(Member<Text, Items<ItemText, Container>>& list) {
+        return list.value.value;
+    }
+
+    template <class First, class... Others>
+    const auto& FirstOf(const Record<First, Others...>& record) {
+        return static_cast<const First&>(record).value;
+    }
+
+    template <class... Fields, class Visit>
+    void ForEachField(Record<Fields...>& record, Visit visit) {
+        (visit(static_cast<Fields&>(record)), ...);
+    }
+    template <class... Fields, class Visit>
+    void ForEachField(const Record<Fields...>& record, Visit visit) {
+        (visit(static_cast<const Fields&>(record)), ...);
+    }
 
     template <class Value>
-    concept IsRecord = requires {
-        Value::Fields;
+    concept IsRecord = requires(const Value& value) {
+        FirstOf(value);
     };
 
     // ---- Reading
@@ -73,10 +108,9 @@ namespace bench {
     void Insert(std::vector<Item>& items, Item item) {
         items.push_back(std::move(item));
     }
-
     template <class Key, class Item>
     void Insert(std::map<Key, Item>& items, Item item) {
-        Key key = item.*Item::Key;
+        Key key = FirstOf(item);
         items.try_emplace(std::move(key), std::move(item));
     }
 
@@ -88,55 +122,57 @@ namespace bench {
     template <class Node, class Value>
     void ReadValue(const Node& element, Value& value);
 
-    template <class Node, class Record, class Value>
-    void ReadAttribute(const Attribute<Record, Value>& attribute, const Node& element, Record& record) {
-        FromText(element.GetAttribute(attribute.name), record.*attribute.member);
+    template <class Node, Name Text, class Value>
+    void ReadAttribute(Attribute<Text, Value>& attribute, const Node& element) {
+        FromText(element.GetAttribute(attribute.name), attribute.value);
     }
-    template <class Node, class Record, class Other>
-    void ReadAttribute(const Other&, const Node&, Record&) {}
+    template <class Node, class Other>
+    void ReadAttribute(Other&, const Node&) {}
 
     // Take the child if it is theirs, and say so.
-    template <class Node, class Name, class Record, class Value>
-    bool TakeChild(const Attribute<Record, Value>&, const Node&, const Name&, Record&) {
+    template <class Node, class ChildName, Name Text, class Value>
+    bool TakeChild(Attribute<Text, Value>&, const Node&, const ChildName&) {
         return false;
     }
-    template <class Node, class Name, class Record, class Value>
-    bool TakeChild(const Field<Record, Value>& field, const Node& child, const Name& name, Record& record) {
+    template <class Node, class ChildName, Name Text, class Value>
+    bool TakeChild(Field<Text, Value>& field, const Node& child, const ChildName& name) {
         if (name != field.name)
             return false;
-        ReadValue(child, record.*field.member);
+        ReadValue(child, field.value);
         return true;
     }
-    template <class Node, class Name, class Record, class Container>
-    bool TakeChild(const Items<Record, Container>& items, const Node& child, const Name& name,
-                   Record& record) {
-        const bool isItem = items.IsNamePrefix() ? name.starts_with(items.name) : name == items.name;
+    template <class Node, class ChildName, Name Text, class Container>
+    bool TakeChild(Items<Text, Container>& items, const Node& child, const ChildName& name) {
+        const bool isItem = items.IsNamePrefix ? name.starts_with(items.name) : name == items.name;
         if (!isItem)
             return false;
-        decltype(ItemType(record.*items.member)) item;
+        decltype(ItemType(items.value)) item;
         ReadValue(child, item);
-        Insert(record.*items.member, std::move(item));
+        Insert(items.value, std::move(item));
         return true;
     }
-    template <class Node, class Name, class Record, class Container>
-    bool TakeChild(const List<Record, Container>& list, const Node& child, const Name& name, Record& record) {
+    template <class Node, class ChildName, Name Text, Name ItemText, class Container>
+    bool TakeChild(List<Text, ItemText, Container>& list, const Node& child, const ChildName& name) {
         if (name != list.name)
             return false;
         child.ForEachChild(
-            [&](const Node& item, const Name& itemName) { TakeChild(list.items, item, itemName, record); });
+            [&](const Node& item, const auto& itemName) { TakeChild(list.value, item, itemName); });
         return true;
+    }
+
+    template <class Node, class... Fields>
+    void ReadRecord(const Node& element, Record<Fields...>& record) {
+        ForEachField(record, [&](auto& field) { ReadAttribute(field, element); });
+        element.ForEachChild([&](const Node& child, const auto& name) {
+            (TakeChild(static_cast<Fields&>(record), child, name) || ...);
+        });
     }
 
     template <class Node, class Value>
     void ReadValue(const Node& element, Value& value) {
-        if constexpr (IsRecord<Value>) {
-            std::apply([&](const auto&... field) { (ReadAttribute(field, element, value), ...); },
-                       Value::Fields);
-            element.ForEachChild([&](const Node& child, const auto& name) {
-                std::apply([&](const auto&... field) { (TakeChild(field, child, name, value) || ...); },
-                           Value::Fields);
-            });
-        } else
+        if constexpr (IsRecord<Value>)
+            ReadRecord(element, value);
+        else
             FromText(element.GetText(), value);
     }
 
@@ -163,36 +199,35 @@ namespace bench {
     template <class Node, class Value>
     void WriteValue(Node&& element, const Value& value);
 
-    template <class Node, class Record, class Value>
-    void WriteField(const Attribute<Record, Value>& attribute, Node& element, const Record& record) {
-        element.SetAttribute(attribute.name, ToText(record.*attribute.member));
+    template <class Node, Name Text, class Value>
+    void WriteField(const Attribute<Text, Value>& attribute, Node& element) {
+        element.SetAttribute(attribute.name, ToText(attribute.value));
     }
-    template <class Node, class Record, class Value>
-    void WriteField(const Field<Record, Value>& field, Node& element, const Record& record) {
-        WriteValue(element.Append(field.name), record.*field.member);
+    template <class Node, Name Text, class Value>
+    void WriteField(const Field<Text, Value>& field, Node& element) {
+        WriteValue(element.Append(field.name), field.value);
     }
-    template <class Node, class Record, class Container>
-    void WriteField(const Items<Record, Container>& items, Node& element, const Record& record) {
+    template <class Node, Name Text, class Container>
+    void WriteField(const Items<Text, Container>& items, Node& element) {
         std::size_t number = 0;
-        for (const auto& entry : record.*items.member) {
-            if (items.IsNamePrefix())
+        for (const auto& entry : items.value) {
+            if (items.IsNamePrefix)
                 WriteValue(element.Append((items.name + KeyText(entry, number)).c_str()), ItemOf(entry));
             else
                 WriteValue(element.Append(items.name), ItemOf(entry));
             ++number;
         }
     }
-    template <class Node, class Record, class Container>
-    void WriteField(const List<Record, Container>& list, Node& element, const Record& record) {
+    template <class Node, Name Text, Name ItemText, class Container>
+    void WriteField(const List<Text, ItemText, Container>& list, Node& element) {
         auto container = element.Append(list.name);
-        WriteField(list.items, container, record);
+        WriteField(list.value, container);
     }
 
     template <class Node, class Value>
     void WriteValue(Node&& element, const Value& value) {
         if constexpr (IsRecord<Value>)
-            std::apply([&](const auto&... field) { (WriteField(field, element, value), ...); },
-                       Value::Fields);
+            ForEachField(value, [&element](const auto& field) { WriteField(field, element); });
         else
             element.SetText(ToText(value));
     }

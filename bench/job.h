@@ -28,26 +28,26 @@ namespace bench {
     // What a stack does with any document; all of it throws on failure. A stack with record classes of its
     // own is measured on these, as its users have them; making and comparing them is not measured.
     //
-    //   Codec::Make(plain)            the records in the stack's own form
+    //   Codec::Make(sample)           the records in the stack's own form
     //   Codec::Read(text, records)
     //   Codec::Write(records, text)   not there when the stack only reads
     //   Codec::Holds(records, plain)  whether they are the same
     template <class Codec, class Plain>
-    Job MakeJob(const Document<Plain>& document) {
-        using Records = decltype(Codec::Make(document.records));
-        Job job{document.name, document.text, {}, {}, {}};
+    Job MakeJob(const Sample<Plain>& sample) {
+        using Records = decltype(Codec::Make(sample));
+        Job job{sample.name, sample.text, {}, {}, {}};
         job.read = [](const std::string& text) {
             Records records;
             Codec::Read(text, records);
             benchmark::DoNotOptimize(&records);
         };
-        job.finds = [plain = document.records](const std::string& text) {
+        job.finds = [plain = sample.records](const std::string& text) {
             Records records;
             Codec::Read(text, records);
             return Codec::Holds(records, plain);
         };
         if constexpr (requires(Records & records, std::string & text) { Codec::Write(records, text); }) {
-            job.write = [records = std::make_shared<Records>(Codec::Make(document.records))] {
+            job.write = [records = std::make_shared<Records>(Codec::Make(sample))] {
                 std::string text;
                 Codec::Write(*records, text);
                 return text;
@@ -58,8 +58,8 @@ namespace bench {
 
     template <class Codec>
     std::vector<Job> MakeJobs() {
-        const auto make = [](const auto&... document) { return std::vector{MakeJob<Codec>(document)...}; };
-        return std::apply(make, MakeDocuments());
+        const auto make = [](const auto&... sample) { return std::vector{MakeJob<Codec>(sample)...}; };
+        return std::apply(make, MakeSamples());
     }
 
     // The codec of a peer, which reads and writes the plain records by their descriptions, through a class of
@@ -71,8 +71,8 @@ namespace bench {
     template <class Stack>
     struct PeerCodec {
         template <class Plain>
-        static Plain Make(const Plain& plain) {
-            return plain;
+        static Plain Make(const Sample<Plain>& sample) {
+            return sample.records;
         }
         template <class Plain>
         static void Read(const std::string& text, Plain& records) {
