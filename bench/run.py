@@ -4,7 +4,8 @@
 """Compares the library with other XML stacks on the same work.
 
 Checks first that all stacks find the records in the same documents, that the library writes exactly these, and
-that it finds the records in what the others write. Then measures each stack in a process of its own, in alternating rounds, and prints the medians.
+that it finds the records in what the others write. Then measures each stack in a process of its own, in
+alternating rounds, and how the library's time grows with a list, and prints the medians.
 """
 
 import argparse
@@ -34,6 +35,7 @@ IN_PARALLEL = (OURS, PLAIN)
 
 ROUNDS = 15
 LEAST_ROUNDS = 9
+GROWTH = "growth"  # the program for growth and memory
 # Two threads' arithmetic against one's, below which the machine has no second processor to give.
 LEAST_CONTROL = 1.88
 
@@ -203,6 +205,22 @@ def summarise_parallel(times, sizes):
     return results
 
 
+def measure_growth(program, rounds):
+    """How time grows with a list, an entry for each list, size and operation; and memory taken, in bytes."""
+    times, memory = {}, []
+    for line in run(program, str(rounds)).splitlines():
+        kind, operation, job, *figures = line.split()
+        if kind == "memory":
+            memory.append({"job": job, "case": operation, "bytes": int(figures[0])})
+        else:
+            times.setdefault((job, int(figures[0]), operation), []).append(float(figures[1]))
+    growth = [
+        {"job": job, "times": size, "operation": operation, "against_once": statistics.median(ratios), "rounds": ratios}
+        for (job, size, operation), ratios in times.items()
+    ]
+    return growth, memory
+
+
 def cpu_model():
     with open("/proc/cpuinfo", encoding="utf-8") as lines:
         found = re.search(r"^model name\s*:\s*(.*)$", lines.read(), re.MULTILINE)
@@ -284,6 +302,31 @@ def print_parallel(parallel):
         ).rstrip())
 
 
+MEMORY_CASES = {
+    "write": "while writing to an empty string, beyond the text",
+    "rewrite": "while writing to a string that has the text already, beyond the text",
+    "read": "while reading, beyond text and records",
+    "records": "the records",
+}
+
+
+def print_growth(growth, memory):
+    print("\ngrowth and memory")
+    row = "  {:<14}{:<22}{:<8}{:>8}{:>16}"
+    print(row.format("", "a document", "", "time", "half of rounds"))
+    for entry in growth:
+        low, _, high = statistics.quantiles(entry["rounds"])
+        print(row.format(
+            entry["job"],
+            f"{entry['times']} times as large",
+            entry["operation"],
+            f"{entry['against_once']:.1f}",
+            f"{low:.1f} to {high:.1f}",
+        ))
+    for entry in memory:
+        print(f"  {entry['job']:<14}{entry['bytes'] / 1e6:>6.2f} MB  {MEMORY_CASES[entry['case']]}")
+
+
 def print_texts(texts):
     print("Every stack finds the same records; the library finds them in what every stack writes.")
     for stack, jobs in texts.items():
@@ -333,6 +376,7 @@ def main():
     report["machine"] = machine()
     disturbance = Disturbance()
     contexts, times = measure(programs, options.rounds, options.min_time)
+    growth, memory = measure_growth(options.directory.resolve() / GROWTH, options.rounds)
     sizes = document_sizes(contexts[OURS])
     report |= {
         "disturbance": disturbance.so_far(),
@@ -346,10 +390,13 @@ def main():
         "texts_written": texts,
         "results": summarise(times, sizes),
         "parallel": summarise_parallel(times, sizes),
+        "growth": growth,
+        "memory": memory,
     }
     print_head(report)
     print_table(report["results"], sizes)
     print_parallel(report["parallel"])
+    print_growth(growth, memory)
     if options.output:
         options.output.write_text(json.dumps(report, indent=2, ensure_ascii=False) + "\n", encoding="utf-8")
         print(f"\nwritten: {options.output}")
