@@ -23,12 +23,13 @@ public:
     // whether it empties itself first. `logPrefix` is put before the record's own messages in the log. The
     // common failure is nxErrorEnum::InvalidData: the text is no XML document, and the record is untouched
     // but for what it empties first.
-    virtual nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) = 0;
+    [[nodiscard]] virtual nxErrorEnum ConvertFromXML(const std::string& xml,
+                                                     const std::string& logPrefix) = 0;
 
     // Writes the record as one line of XML, in UTF-8, without declaration. The second argument is ignored. On
     // failure `xmlOut` is untouched; nxErrorEnum::XMLTextNotCarried says that a name or a text in the record
     // cannot stand in an XML document.
-    virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
+    [[nodiscard]] virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
 
     // The class's category code.
     virtual nxUnsignedValueWrapper GetDataCategoryTypeID() = 0;
