@@ -204,8 +204,19 @@ namespace nxXMLFields {
             return result;
         }
 
+        // Room for as many items as there are children.
+        void Reserve(const nxXMLNode& parent) {
+            if constexpr (requires { _items.Reserve(std::size_t()); }) {
+                std::size_t count = 0;
+                for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext())
+                    ++count;
+                _items.Reserve(count);
+            }
+        }
+
         nxErrorEnum ReadInOrder(const nxXMLNode& parent, std::string_view name,
                                 const nxXMLReadContext& context) {
+            Reserve(parent);
             for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
                 if (!Children::IsItem(child, name)) {
                     if (Children::EndsAtOthers)

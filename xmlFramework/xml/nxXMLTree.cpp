@@ -10,7 +10,7 @@
 namespace {
     // A small document takes one small block; the blocks of a large one are hardly ever half empty.
     constexpr std::size_t FirstBlock = 64;
-    constexpr std::size_t OtherBlocks = 2048;
+    constexpr std::size_t OtherBlocks = 1024;
 
     constexpr bool IsContinuation(char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
