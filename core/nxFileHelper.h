@@ -16,7 +16,8 @@ class NXCORE_API nxFileHelper {
 public:
     nxFileHelper() = delete;
 
-    static nxErrorEnum Read(const std::string& path, std::string& contents, std::string& problem);
+    [[nodiscard]] static nxErrorEnum Read(const std::string& path, std::string& contents,
+                                          std::string& problem);
 
     // The file appears whole or not at all: it is written beside its place, flushed to the disk and then
     // renamed, so that a failure leaves a file that was there before as it was. Its permissions and a
@@ -25,5 +26,6 @@ public:
     // Written in place is what is no regular file (a pipe, a terminal), and a file that may be written, but
     // where no other may be put: its folder allows none, or it is a mount of its own. Such a file is cut off
     // when the writing fails halfway, and whoever reads it meanwhile sees a part.
-    static nxErrorEnum Write(const std::string& path, std::string_view contents, std::string& problem);
+    [[nodiscard]] static nxErrorEnum Write(const std::string& path, std::string_view contents,
+                                           std::string& problem);
 };

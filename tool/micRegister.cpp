@@ -109,8 +109,8 @@ namespace {
     class XMLCheck {
     public:
         XMLCheck() {
-            _document.CreateDocument("Text");
-            _element = _document.GetRootElement();
+            if (_document.CreateDocument("Text").IsOK())
+                _element = _document.GetRootElement();
         }
         bool CanCarry(const std::string& text) { return _element.SetValue(text).IsOK(); }
 

@@ -53,7 +53,7 @@ TEST(nxKestrumLimitConvertToXML, WritesEveryFieldWithBuysBeforeSells) {
 
 TEST(nxKestrumLimitConvertToXML, LeavesOutShortAndLongBehindAProductThatXMLCannotCarry) {
     nxXMLDocument document;
-    document.CreateDocument("Limit");
+    EXPECT_EQ(document.CreateDocument("Limit"), nxErrorEnum::OK);
     nxXMLElement element = document.GetRootElement();
     nxKestrumLimit limit;
     limit.SetProductID("\x01");

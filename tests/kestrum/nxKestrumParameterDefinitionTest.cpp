@@ -40,7 +40,7 @@ TEST(nxKestrumParameterDefinitionConvertToXML, ReturnsTheFirstFailure) {
     nxKestrumParameterDefinition definition = Sample();
     definition.SetDescription("\x01");
     nxXMLDocument document;
-    document.CreateDocument("P");
+    EXPECT_EQ(document.CreateDocument("P"), nxErrorEnum::OK);
     nxXMLElement element = document.GetRootElement();
     EXPECT_EQ(definition.ConvertToXML(element), nxErrorEnum::XMLTextNotCarried);
     EXPECT_FALSE(element.FindChildElement("ValidValues").IsValid());

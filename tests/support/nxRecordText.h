@@ -71,7 +71,7 @@ namespace nxRecordText {
     template <class Item>
     std::string WrittenItem(Item&& item) {
         nxXMLDocument document;
-        document.CreateDocument("item");
+        EXPECT_EQ(document.CreateDocument("item"), nxErrorEnum::OK);
         nxXMLElement element = document.GetRootElement();
         if constexpr (requires { item.ConvertToXML(element); })
             EXPECT_EQ(item.ConvertToXML(element), nxErrorEnum::OK);

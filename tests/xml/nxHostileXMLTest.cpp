@@ -208,7 +208,7 @@ TEST(nxXMLDocumentLoad, TakesAHundredMegabytesOfText) {
     std::string xml;
     {
         nxXMLDocument document;
-        document.CreateDocument("a");
+        EXPECT_EQ(document.CreateDocument("a"), nxErrorEnum::OK);
         EXPECT_EQ(document.GetRootElement().SetValue(text), nxErrorEnum::OK);
         ASSERT_EQ(document.SaveToString(xml), nxErrorEnum::OK);
     }

@@ -13,6 +13,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -28,7 +29,7 @@ namespace {
 
     std::string Saved(nxXMLDocument& document) {
         std::string xml = "not saved";
-        document.SaveToString(xml);
+        std::ignore = document.SaveToString(xml); // the text shows it
         return xml;
     }
 

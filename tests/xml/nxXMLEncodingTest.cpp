@@ -125,6 +125,7 @@ TEST(nxXMLEncoding, OfBytesThatAreNoTextInItIsNamedWithTheirPlace) {
         {"\xFF\xFE<\0a\0/\0>\0\n"s, "UTF-16LE", cutOff, 10},
         {"\xFE\xFF\0<\0a\0/\0>\0\0"s, "UTF-16BE", "NUL", 10},
         {"\xFF\xFE<\0a\0>\0\x3D\xD8<\0/\0a\0>\0"s, "UTF-16LE", "no valid character", 8},
+        {"<\0?\0x\0?\0>\0<\0a\0/\0>\0"s, "UTF-8", "NUL", 1}, // neither mark nor declaration
         {"\xFF\xFE\xFF\xFE<\0a\0/\0>\0"s, "UTF-16LE", "a second byte-order mark", 2},
         {"\0\0\xFE\xFF\0\0\0<\0\0\0a\0\0\0/\0\0\0>\0\x11\0\0"s, "UTF-32BE", "no valid character", 20},
     };

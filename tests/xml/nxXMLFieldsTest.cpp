@@ -12,6 +12,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 using nxRecordText::Element;
@@ -110,22 +111,39 @@ TEST(nxXMLFieldsReadInDocumentOrder, TakesEachChildIntoTheFieldOfItsName) {
     }
 }
 
-TEST(nxXMLFieldsReader, ReadsTheFirstChildAndKeepsTheFailureOfWhatIsRequired) {
-    const Document document("<a>1</a><a>2</a><b>x</b><c/>");
+TEST(nxXMLFieldsReader, ReadsTheFirstChildOfEachNameWhateverTheirOrder) {
+    const char* const documents[] = {
+        "a=1 b=2 c=3",     "c=3 b=2 a=1",     "b=2 c=3 a=1",         "a=1 a=9 b=2 b=9 c=3 c=9",
+        "x=9 a=1 b=2 c=3", "a=1 c=3 x=9 b=2", "b=2 a=1 b=9 c=3 a=9", "a=1 b=2 x=9 c=3 b=9",
+    };
+    for (const char* const children : documents) {
+        const Document document(Elements(children));
+        unsigned int a = 0;
+        unsigned int b = 0;
+        unsigned int c = 0;
+        Reader reader(document.Root(), Context);
+        reader("a", a);
+        reader("b", b);
+        reader("c", c);
+        EXPECT_EQ(std::tuple(a, b, c), std::tuple(1U, 2U, 3U)) << children;
+    }
+}
+
+TEST(nxXMLFieldsReader, KeepsTheFailureOfWhatIsRequired) {
+    const Document document("<a>1</a><b>x</b><c/><e>2</e><f>3</f>");
     const auto read = [&document](const char* required, AfterFailure afterFailure) {
         unsigned int number = 0;
         unsigned int other = 0;
         unsigned int last = 0;
         Reader reader(document.Root(), Context, afterFailure);
         reader(required, Required(number));
-        reader("a", Required(other)); // not once something required has failed
-        reader("a", last);
-        reader("b", last);
+        reader("e", Required(other)); // not once something required has failed
+        reader("f", last);
         return std::tuple(reader.GetResult().GetEnumValue(), number, other, last);
     };
-    EXPECT_EQ(read("a", AfterFailure::GoOn), std::tuple(nxErrorEnum::OK, 1U, 1U, 1U));
-    EXPECT_EQ(read("b", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotParsed, 0U, 0U, 1U));
-    EXPECT_EQ(read("c", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotFound, 0U, 0U, 1U));
+    EXPECT_EQ(read("a", AfterFailure::GoOn), std::tuple(nxErrorEnum::OK, 1U, 2U, 3U));
+    EXPECT_EQ(read("b", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotParsed, 0U, 0U, 3U));
+    EXPECT_EQ(read("c", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotFound, 0U, 0U, 3U));
     EXPECT_EQ(read("d", AfterFailure::Stop), std::tuple(nxErrorEnum::ValueNotFound, 0U, 0U, 0U));
 }
 

@@ -161,7 +161,7 @@ namespace {
     // A document with any texts, as the library writes it.
     std::string RandomDocument(nxRandomText& random) {
         nxXMLDocument document;
-        document.CreateDocument("r");
+        EXPECT_EQ(document.CreateDocument("r"), nxErrorEnum::OK);
         Elements elements{document.GetRootElement()};
         for (unsigned int count = random.Below(12); count > 0; --count) {
             nxXMLElement& parent = elements[random.Below(static_cast<unsigned int>(elements.size()))];

@@ -33,8 +33,8 @@ public:
     // own failure is returned (nxErrorEnum::XMLParseFailed). A name that is defined twice stays twice, and
     // the later is looked up. The empty name of a definition, product of a limit or name of a module is
     // written, but fails the reading: an element without text counts as missing.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumAlgorithmSpec* CopyInstance() const override;

@@ -18,8 +18,8 @@ public:
     // account, which a malformed text makes null. The first limit that cannot be read ends the list of
     // limits; the fields behind it are read, and the limit's failure is returned. A limit without product is
     // written, but cannot be read.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumJobSpec* CopyInstance() const override;

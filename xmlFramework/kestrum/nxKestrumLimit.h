@@ -65,8 +65,8 @@ public:
     // any case, and their failures are not reported. Reading gives nxErrorEnum::ValueNotFound or
     // ValueNotParsed, and leaves a field that is missing or malformed as it was, but for the account, which a
     // malformed text makes null.
-    nxErrorEnum ConvertToXML(nxXMLElement& element) const;
-    nxErrorEnum ConvertFromXML(nxXMLElement& element);
+    [[nodiscard]] nxErrorEnum ConvertToXML(nxXMLElement& element) const;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(nxXMLElement& element);
 
     std::string GetAsString() const; // for logs
 

@@ -11,8 +11,8 @@
 class XMLFRAMEWORK_API nxKestrumModuleSpec : public nxXMLDataObject {
 public:
     // A document without source code leaves the code held as it is.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumModuleSpec* CopyInstance() const override;

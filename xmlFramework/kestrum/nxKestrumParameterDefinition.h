@@ -57,11 +57,11 @@ public:
 
     // The definition as child elements of `element`. Stops at the first child that cannot be added, and
     // returns why.
-    nxErrorEnum ConvertToXML(nxXMLElement& element) const;
+    [[nodiscard]] nxErrorEnum ConvertToXML(nxXMLElement& element) const;
     // Name, type and "Optional" must be there: without one of them nxErrorEnum::ValueNotFound or
     // ValueNotParsed is returned, with the fields before it taken. Other fields keep their value where their
     // element is missing or malformed; valid values are added to those held.
-    nxErrorEnum ConvertFromXML(nxXMLElement& element);
+    [[nodiscard]] nxErrorEnum ConvertFromXML(nxXMLElement& element);
 
 protected:
     friend class nxKestrumAlgorithmSpec; // it knows the system parameters

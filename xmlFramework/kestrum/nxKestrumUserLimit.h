@@ -34,8 +34,8 @@ public:
 
     // As in nxXMLDataObject. Reading leaves a ceiling that is missing as it was and makes one that is
     // malformed null; nxErrorEnum::InvalidData only where the text is no document.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context);
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string& context) const;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context);
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string& context) const;
 
 private:
     struct Fields;

@@ -15,8 +15,8 @@ public:
 
     // Replaces the mappings by those in `xml`; without a document they are gone. A mapping without a path,
     // without a valid ID, or with a path or an ID that an earlier one has, is logged and left out.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxAlgoIDMappingList* CopyInstance() const override;

@@ -40,6 +40,7 @@ public:
 
     explicit Brokers(nxBrokerMap& map) : _map(map) {}
 
+    void Reserve(std::size_t count) { _map._idsByName.reserve(_map._idsByName.size() + count); }
     // As SetBrokerIDAndName does; documents mostly have their brokers in order.
     void Add(const Broker& broker) {
         std::string name(broker.name);

@@ -17,8 +17,8 @@ public:
 
     // Adds to what the map holds, as SetBrokerIDAndName does. nxErrorEnum::InvalidData also for a broker
     // without a valid ID: it ends the reading, and those before it stay.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxBrokerMap* CopyInstance() const override;

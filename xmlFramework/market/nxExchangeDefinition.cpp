@@ -7,6 +7,8 @@
 #include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLFields.h"
 
+#include <algorithm>
+
 namespace {
     constexpr char ListSeparator = ',';
 
@@ -31,6 +33,7 @@ namespace {
         // An element without text empties the list, too.
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
             _list.clear();
+            _list.reserve(static_cast<std::size_t>(std::ranges::count(node.GetText(), ListSeparator)) + 1);
             nxStringParser::ForEachSubstring(node.GetText(), ListSeparator, [this](std::string_view item) {
                 _list.emplace_back(nxStringHelper::Trimmed(item));
             });

@@ -29,8 +29,8 @@ public:
     nxExchangeDefinitionList& operator=(nxExchangeDefinitionList&&) noexcept = default;
 
     // Adds to what the list holds; of several definitions of one mnemonic the first stays.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxExchangeDefinitionList* CopyInstance() const override;

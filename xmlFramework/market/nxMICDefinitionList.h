@@ -28,8 +28,8 @@ public:
     nxMICDefinitionList& operator=(nxMICDefinitionList&&) noexcept = default;
 
     // Adds to what the list holds; of several definitions of one MIC the first stays.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxMICDefinitionList* CopyInstance() const override;

@@ -17,8 +17,8 @@ public:
     using Products = std::map<std::string, nxOrvalenPriceUsageStatisticsForProduct>; // by product ID
 
     // Adds to the products held; of several of one product ID the later stays.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxOrvalenPriceUsageStatistics* CopyInstance() const override;

@@ -13,8 +13,8 @@
 class XMLFRAMEWORK_API nxSyntheticPriceServerInstanceList : public nxXMLDataObject {
 public:
     // Adds to the names held. Every child of the list with a text is a name, whatever it is called.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxSyntheticPriceServerInstanceList* CopyInstance() const override;

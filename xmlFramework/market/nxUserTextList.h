@@ -13,8 +13,8 @@ class XMLFRAMEWORK_API nxUserTextList : public nxXMLDataObject {
 public:
     // Adds to the texts held, without looking for duplicates. The first child with another name than "UT"
     // ends the texts.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxUserTextList* CopyInstance() const override;

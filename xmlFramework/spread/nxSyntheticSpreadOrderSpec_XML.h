@@ -25,8 +25,8 @@ public:
     // Adds to the legs held; other fields that are missing keep their values. Legs are found by their number,
     // whatever their order in the document; the first number that is missing ends them. Malformed settings of
     // a leg are left as they were: IsValid is a step of its own.
-    nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
-    nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
+    [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
+    [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) override;
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxSyntheticSpreadOrderSpec_XML* CopyInstance() const override;

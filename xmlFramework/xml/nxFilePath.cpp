@@ -7,7 +7,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstdint>
 #include <cstdio>
 
 std::optional<std::string> nxFilePath::FromURI(std::string_view uri) {
@@ -40,7 +39,7 @@ bool nxFilePath::FromWide(const std::wstring& wide, std::string& path) {
     bool isText = true;
     path.clear();
     for (const wchar_t unit : wide) {
-        const auto character = static_cast<std::uint32_t>(unit);
+        const auto character = static_cast<char32_t>(unit);
         std::array<char, 16> buffer{};
         std::size_t size = 0;
         if (character <= UCHAR_MAX_VALUE && !U_IS_SURROGATE(character)) {

@@ -22,13 +22,15 @@ public:
     // Reads the record from `xml`, which is UTF-8 unless its XML declaration says otherwise. Each record says
     // whether it empties itself first. `logPrefix` is put before the record's own messages in the log. The
     // common failure is nxErrorEnum::InvalidData: the text is no XML document, and the record is untouched
-    // but for what it empties first.
-    virtual nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) = 0;
+    // but for what it empties first. `xml` must not be a text of the record itself.
+    [[nodiscard]] virtual nxErrorEnum ConvertFromXML(const std::string& xml,
+                                                     const std::string& logPrefix) = 0;
 
-    // Writes the record as one line of XML, in UTF-8, without declaration. The second argument is ignored. On
-    // failure `xmlOut` is untouched; nxErrorEnum::XMLTextNotCarried says that a name or a text in the record
-    // cannot stand in an XML document.
-    virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
+    // Writes the record as XML in UTF-8, without declaration and without line ends but the line feeds within
+    // its texts, in place of what `xmlOut` holds, which must not be a text of the record itself. The second
+    // argument is ignored. On failure `xmlOut` is untouched; nxErrorEnum::XMLTextNotCarried says that a name
+    // or a text in the record cannot stand in an XML document.
+    [[nodiscard]] virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
 
     // The class's category code.
     virtual nxUnsignedValueWrapper GetDataCategoryTypeID() = 0;

@@ -36,16 +36,16 @@ public:
     // parser had something to say against it, or it would take the parser minutes (see docs/xml.md).
     // nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
     // there was no document before. `path` is a file name or a "file:///" URI.
-    nxErrorEnum LoadFromFile(const std::string& path);
-    nxErrorEnum LoadFromFile(const std::wstring& path);
-    nxErrorEnum LoadFromString(const std::string& xml);
+    [[nodiscard]] nxErrorEnum LoadFromFile(const std::string& path);
+    [[nodiscard]] nxErrorEnum LoadFromFile(const std::wstring& path);
+    [[nodiscard]] nxErrorEnum LoadFromString(const std::string& xml);
     // Reads the whole file into `contents`, with CR LF made LF, and loads that. nxErrorEnum::InputNotUsable,
     // with `contents` empty and nothing logged, when the file cannot be opened.
-    nxErrorEnum LoadFromFileViaString(const std::string& path, std::string& contents);
+    [[nodiscard]] nxErrorEnum LoadFromFileViaString(const std::string& path, std::string& contents);
 
     // Makes a document with an empty root element. nxErrorEnum::XMLDocumentNotCreatable when there is a
     // document already; nxErrorEnum::XMLTextNotCarried for a root name that is no XML name.
-    nxErrorEnum CreateDocument(const std::string& rootName);
+    [[nodiscard]] nxErrorEnum CreateDocument(const std::string& rootName);
 
     // A handle on the root element; invalid when there is no document.
     nxXMLElement GetRootElement() const;
@@ -58,14 +58,15 @@ public:
     // nxErrorEnum::XMLTooDeep: the elements are nested more than MaxSavedDepth deep.
     // nxErrorEnum::XMLWriteFailed: the file could not be written.
     // On failure `xmlOut` is untouched, and so is a file that was there before.
-    nxErrorEnum SaveToString(std::string& xmlOut);
-    nxErrorEnum SaveToFile(const std::string& path);
-    nxErrorEnum SaveToFile(const std::wstring& path);
+    [[nodiscard]] nxErrorEnum SaveToString(std::string& xmlOut);
+    [[nodiscard]] nxErrorEnum SaveToFile(const std::string& path);
+    [[nodiscard]] nxErrorEnum SaveToFile(const std::wstring& path);
     // SaveToString into `contents`, then SaveToFileViaExistingString.
-    nxErrorEnum SaveToFileViaString(const std::string& path, std::string& contents);
+    [[nodiscard]] nxErrorEnum SaveToFileViaString(const std::string& path, std::string& contents);
     // Writes `contents` to the file as it stands; nxErrorEnum::XMLTextNotCarried when it is no UTF-8 text
     // that XML can carry.
-    nxErrorEnum SaveToFileViaExistingString(const std::string& path, const std::string& contents);
+    [[nodiscard]] nxErrorEnum SaveToFileViaExistingString(const std::string& path,
+                                                          const std::string& contents);
 
 private:
     struct State;

@@ -41,10 +41,10 @@ namespace {
         {"\xFE\xFF"sv, true, "UTF-16BE", 2, Element16BE},
         {"\xFF\xFE"sv, true, "UTF-16LE", 2, Element16LE},
         {UTF8Mark, true, UTF8, 1, Element8},
-        {"\0\0\0<\0\0\0?"sv, false, "UTF-32BE", 4, Element32BE},
-        {"<\0\0\0?\0\0\0"sv, false, "UTF-32LE", 4, Element32LE},
-        {"\0<\0?"sv, false, "UTF-16BE", 2, Element16BE},
-        {"<\0?\0"sv, false, "UTF-16LE", 2, Element16LE},
+        {"\0\0\0<\0\0\0?\0\0\0x\0\0\0m\0\0\0l\0\0\0 "sv, false, "UTF-32BE", 4, Element32BE},
+        {"<\0\0\0?\0\0\0x\0\0\0m\0\0\0l\0\0\0 \0\0\0"sv, false, "UTF-32LE", 4, Element32LE},
+        {"\0<\0?\0x\0m\0l\0 "sv, false, "UTF-16BE", 2, Element16BE},
+        {"<\0?\0x\0m\0l\0 \0"sv, false, "UTF-16LE", 2, Element16LE},
         {"\x4C\x6F\xA7\x94"sv, false, EBCDIC, 1, "\x4C\x81\x61\x6E"sv},
         {""sv, false, UTF8, 1, Element8}, // whatever has ASCII in it
     };

@@ -289,12 +289,12 @@ namespace nxXMLFields {
         std::string_view _failed;
     };
 
-    // Reads each field from the first child of its name.
+    // Reads each field from the first child of its name. No two fields have one name.
     class Reader : public FieldReader {
     public:
         explicit Reader(const nxXMLNode& parent, const nxXMLReadContext& context,
                         AfterFailure afterFailure = AfterFailure::GoOn)
-            : FieldReader(context, afterFailure), _parent(parent) {}
+            : FieldReader(context, afterFailure), _parent(parent), _next(parent.GetFirstChild()) {}
 
         template <class T>
         void operator()(std::string_view name, T&& field) {
@@ -304,11 +304,22 @@ namespace nxXMLFields {
             if constexpr (ReadsParent<Field>)
                 ReadChildren(_parent, name, field);
             else
-                Read(_parent.FindChild(name), name, field);
+                Read(Find(name), name, field);
         }
 
     private:
+        nxXMLNode Find(std::string_view name) {
+            if (!_next.HasName(name))
+                return _parent.FindChild(name);
+            const nxXMLNode found = _next;
+            _next = _next.GetNext();
+            return found;
+        }
+
         nxXMLNode _parent;
+        // Documents mostly have their children in the fields' order. All children before this one were those
+        // of other fields, so this one is the first of its name.
+        nxXMLNode _next;
     };
 
     // Reads each field from the next child of that name behind the child that it found before, or from the

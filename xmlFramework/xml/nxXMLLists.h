@@ -17,9 +17,8 @@
 
 // Lists as fields of records. Private to the library.
 //
-//     field("Limits", ListOf("Limit", record._limits));    // an element "Limits" with an element "Limit" an
-//     item field("UT", Items(record._texts));                   // an element "UT" an item, among the
-//     record's own
+//     field("Limits", ListOf("Limit", record._limits)); // an element "Limits", with a "Limit" for each item
+//     field("UT", Items(record._texts));                // a "UT" for each item, among the record's own
 //
 // Items are texts, or records that read and write themselves (nxXMLItem). An item that cannot be read is left
 // out and ends the list; its failure is the list's.
@@ -204,8 +203,19 @@ namespace nxXMLFields {
             return result;
         }
 
+        // Room for as many items as there are children.
+        void Reserve(const nxXMLNode& parent) {
+            if constexpr (requires { _items.Reserve(std::size_t()); }) {
+                std::size_t count = 0;
+                for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext())
+                    ++count;
+                _items.Reserve(count);
+            }
+        }
+
         nxErrorEnum ReadInOrder(const nxXMLNode& parent, std::string_view name,
                                 const nxXMLReadContext& context) {
+            Reserve(parent);
             for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
                 if (!Children::IsItem(child, name)) {
                     if (Children::EndsAtOthers)

@@ -6,12 +6,11 @@
 #include <algorithm>
 #include <cstring>
 #include <functional>
-#include <new>
 
 namespace {
     // A small document takes one small block; the blocks of a large one are hardly ever half empty.
     constexpr std::size_t FirstBlock = 64;
-    constexpr std::size_t OtherBlocks = 2048;
+    constexpr std::size_t OtherBlocks = 1024;
 
     constexpr bool IsContinuation(char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -44,24 +43,20 @@ nxXMLTree::~nxXMLTree() = default;
 void nxXMLTree::Clear() {
     _root = nullptr;
     _source = {};
-    _blocks.clear();
-    _next = _end = nullptr;
+    _elements.Clear();
+    _attributes.Clear();
     _memory.release();
 }
 
-void nxXMLTree::_AddBlock() {
+template <class Item>
+void nxXMLTree::Blocks<Item>::_AddBlock() {
     const std::size_t size = _blocks.empty() ? FirstBlock : OtherBlocks;
-    _next = _blocks.emplace_back(std::make_unique_for_overwrite<Element[]>(size)).get();
+    _next = _blocks.emplace_back(std::make_unique_for_overwrite<Item[]>(size)).get();
     _end = _next + size;
 }
 
-nxXMLTree::Attribute* nxXMLTree::AddAttribute(Element& element, Attribute* last, std::string_view name,
-                                              std::string_view value) {
-    auto* const attribute =
-        new (_memory.allocate(sizeof(Attribute), alignof(Attribute))) Attribute{name, value, nullptr};
-    (last ? last->next : element.attributes) = attribute;
-    return attribute;
-}
+template void nxXMLTree::Blocks<nxXMLTree::Element>::_AddBlock();
+template void nxXMLTree::Blocks<nxXMLTree::Attribute>::_AddBlock();
 
 char* nxXMLTree::Allocate(std::size_t size) {
     return static_cast<char*>(_memory.allocate(size, 1));

@@ -94,14 +94,34 @@ public:
     std::string_view Keep(std::string_view text);
 
 private:
-    void _AddBlock();
+    // Items of one kind, which stay where they are.
+    template <class Item>
+    class Blocks {
+    public:
+        Item* Add(const Item& item) {
+            if (_next == _end)
+                _AddBlock();
+            *_next = item;
+            return _next++;
+        }
+        void Clear() {
+            _blocks.clear();
+            _next = _end = nullptr;
+        }
+
+    private:
+        void _AddBlock();
+
+        std::vector<std::unique_ptr<Item[]>> _blocks;
+        Item* _next = nullptr; // the place for the next item in the last block
+        Item* _end = nullptr;  // of the last block
+    };
 
     Element* _root = nullptr;
     std::string_view _source;
-    std::vector<std::unique_ptr<Element[]>> _blocks;
-    Element* _next = nullptr;                    // the place for the next element in the last block
-    Element* _end = nullptr;                     // of the last block
-    std::pmr::monotonic_buffer_resource _memory; // attributes and kept texts
+    Blocks<Element> _elements;
+    Blocks<Attribute> _attributes;
+    std::pmr::monotonic_buffer_resource _memory; // kept texts
 };
 
 // ---- What is small and called for every element
@@ -150,12 +170,17 @@ inline nxXMLNode nxXMLNode::GetNext() const {
 }
 
 inline nxXMLTree::Element* nxXMLTree::AddElement(Element* parent, Element* previous, std::string_view name) {
-    if (_next == _end)
-        _AddBlock();
-    Element* const element = _next++;
-    *element = {name.data(), nullptr, static_cast<std::uint32_t>(name.size()), 0, nullptr, nullptr, nullptr};
+    Element* const element = _elements.Add(
+        {name.data(), nullptr, static_cast<std::uint32_t>(name.size()), 0, nullptr, nullptr, nullptr});
     (previous ? previous->next : parent ? parent->firstChild : _root) = element;
     return element;
+}
+
+inline nxXMLTree::Attribute* nxXMLTree::AddAttribute(Element& element, Attribute* last, std::string_view name,
+                                                     std::string_view value) {
+    Attribute* const attribute = _attributes.Add({name, value, nullptr});
+    (last ? last->next : element.attributes) = attribute;
+    return attribute;
 }
 
 inline void nxXMLTree::SetText(Element& element, std::string_view text) {
