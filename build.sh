@@ -19,7 +19,8 @@ usage: ./build.sh COMMAND
   demo [REGISTER.csv]     build the tool; take a register of market identifier codes to XML and back
   test [PRESET...] [-- CTEST-ARGUMENT...]
                           run all tests, in the presets release and asan unless others are named
-  bench [ARGUMENT...]     compare speed with other XML stacks; write build/bench/results.json
+  bench [ARGUMENT...]     measure speed beside other XML stacks, growth and memory;
+                          write build/bench/results.json
   fuzz [SECONDS]          run each fuzzer for so long (60)
   lint                    formatting, clang-tidy, layering
   install [PREFIX]        install libraries, headers and tool (/usr/local)

@@ -351,6 +351,12 @@ def print_head(report):
             print("    BUILT WITHOUT OPTIMISATION: the figures mean nothing")
 
 
+def as_json(report):
+    """With each list of figures in one line."""
+    text = json.dumps(report, indent=2, ensure_ascii=False)
+    return re.sub(r"\[[-+\d.,e\s]*\]", lambda found: " ".join(found[0].split()), text) + "\n"
+
+
 def arguments():
     parser = argparse.ArgumentParser(description=__doc__.partition("\n")[0])
     parser.add_argument("directory", type=pathlib.Path, help="where the benchmark programs are")
@@ -398,7 +404,7 @@ def main():
     print_parallel(report["parallel"])
     print_growth(growth, memory)
     if options.output:
-        options.output.write_text(json.dumps(report, indent=2, ensure_ascii=False) + "\n", encoding="utf-8")
+        options.output.write_text(as_json(report), encoding="utf-8")
         print(f"\nwritten: {options.output}")
 
 
