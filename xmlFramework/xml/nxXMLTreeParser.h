@@ -17,8 +17,7 @@
 // comments, instructions and CDATA sections stand apart.
 class nxXMLTreeParser final : public xercesc::DOMLSParserImpl {
 public:
-    // Both must outlive the parser; the text is UTF-8, the one that will be parsed, and outlives the tree,
-    // too.
+    // The tree is empty. The text is the one that will be parsed, in UTF-8, and outlives the tree.
     nxXMLTreeParser(nxXMLTree& tree, std::string_view text);
 
     void startElement(const xercesc::XMLElementDecl& declaration, unsigned int urlID, const XMLCh* prefix,
