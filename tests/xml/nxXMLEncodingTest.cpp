@@ -80,6 +80,8 @@ TEST(nxXMLEncoding, IsToldByMarkFirstCharactersAndDeclaration) {
         {"UCS-4 with mark, big endian", "\0\0\xFE\xFF"s + Wide(text, 4, true)},
         {"UCS-4 without mark, little endian", Wide(declared32, 4, false)},
         {"UCS-4 without mark, big endian", Wide(declared32, 4, true)},
+        {"UCS-4LE by its name", Wide(Declared("UCS-4LE") + text, 4, false)},
+        {"UCS-4BE by its name, with mark", "\0\0\xFE\xFF"s + Wide(Declared("ucs-4be") + text, 4, true)},
         {"EBCDIC", // <?xml version="1.0" encoding="IBM1047"?><a>(NEL)(U+00E9)&#x1F600;</a>
          "\x4C\x6F\xA7\x94\x93\x40\xA5\x85\x99\xA2\x89\x96\x95\x7E\x7F\xF1\x4B\xF0\x7F\x40\x85\x95\x83\x96"
          "\x84"

@@ -233,3 +233,22 @@ TEST(nxXMLFieldsLists, AreWrittenWithoutNullPointers) {
               Element("l", Element("n-0", Elements("Key=a")) + Element("n-1", Elements("Key=b"))) +
                   Element("m", Element("k-o", Elements("Key=c"))) + Elements("Key=d Key="));
 }
+
+TEST(nxXMLFieldsLists, TellWhatTheyHoldWithoutHoldingAnything) {
+    std::vector<std::string> texts;
+    std::map<std::string, std::shared_ptr<Item>> keyed;
+    std::string description;
+    const auto describe = [&description](const char* name, const auto& list) {
+        using List = std::remove_cvref_t<decltype(list)>;
+        description +=
+            std::string(name) + (std::same_as<typename List::Kind, ByKey> ? " by key" : " by name");
+        description += std::same_as<typename List::Item, Item> ? " of records" : " of texts";
+        if constexpr (requires { list.GetItemName(); })
+            description += " " + std::string(list.GetItemName());
+        description += '\n';
+    };
+    describe("l", ListOf("x", texts));
+    describe("UT", Items(texts));
+    describe("m", ListOf<ByKey>("k-", KeyedBy(&Item::key, keyed)));
+    EXPECT_EQ(description, "l by name of texts x\nUT by name of texts\nm by key of records k-\n");
+}

@@ -43,6 +43,13 @@ namespace {
     };
 } // namespace
 
+// The way from here into the document, which works with the parser.
+struct nxXMLTreeLoader {
+    static nxErrorEnum Load(const std::string& xml, nxXMLTree& tree) {
+        return nxXMLDocument()._LoadTree(xml, tree);
+    }
+};
+
 nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
                                   const std::string& logPrefix, const char* message) {
     if (NX_HAS_SCANNER && nxXMLScanner::Fill(tree, xml)) {
@@ -50,11 +57,8 @@ nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const
         return nxErrorEnum::OK;
     }
 
-    nxXMLDocument document;
-    const nxErrorEnum result = document.LoadFromString(xml);
-    if (result.IsOK())
-        LoadElement(tree, document.GetRootElement());
-    else
+    const nxErrorEnum result = nxXMLTreeLoader::Load(xml, tree);
+    if (!result.IsOK())
         nxWriteLog(site, logPrefix, message);
     return result;
 }

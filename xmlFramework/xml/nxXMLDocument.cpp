@@ -17,6 +17,7 @@
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 #include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLText.h"
+#include "xmlFramework/xml/nxXMLTreeParser.h"
 
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
@@ -101,9 +102,7 @@ namespace {
         return DOMImplementationRegistry::getDOMImplementation(feature);
     }
 
-    Released<DOMLSParser> MakeParser(nxDOMErrorHandler& handler) {
-        Released<DOMLSParser> parser(
-            Implementation(u"LS")->createLSParser(DOMImplementationLS::MODE_SYNCHRONOUS, nullptr));
+    void Configure(const Released<DOMLSParser>& parser, nxDOMErrorHandler& handler) {
         DOMConfiguration* const configuration = parser->getDomConfig();
         configuration->setParameter(XMLUni::fgDOMNamespaces, false);
         configuration->setParameter(XMLUni::fgXercesSchema, false);
@@ -116,7 +115,6 @@ namespace {
         // So that the document outlives its parser.
         configuration->setParameter(XMLUni::fgXercesUserAdoptsDOMDocument, true);
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
-        return parser;
     }
 
     // Whether elements are nested more than `levels` deep. Goes no deeper itself.
@@ -194,10 +192,12 @@ namespace {
 } // namespace
 
 struct nxXMLDocument::State {
-    // Parses the input in place of the document held.
-    nxErrorEnum Load(const Input& input);
-    // Null when the parser threw, which is logged. Without an encoding the parser finds out by itself.
-    Released<DOMDocument> Parse(const Input& input, std::string_view bytes, const XMLCh* encoding);
+    // Parses the input in place of the document held, or into a tree.
+    nxErrorEnum Load(const Input& input, nxXMLTree* tree = nullptr);
+    // Null when the parser threw, which is logged. Without an encoding the parser finds out by itself. A
+    // document whose elements are in the tree has none.
+    Released<DOMDocument> Parse(const Input& input, std::string_view bytes, const XMLCh* encoding,
+                                nxXMLTree* tree);
     // What is found against an input before the parser sees it counts as if the parser had reported it.
     nxErrorEnum Refuse(const Input& input, const std::string& problem);
     // Says so in the log when there is one.
@@ -212,10 +212,13 @@ struct nxXMLDocument::State {
 };
 
 Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input, std::string_view bytes,
-                                                  const XMLCh* encoding) {
+                                                  const XMLCh* encoding, nxXMLTree* tree) {
     try {
         // A parser of its own for each load: one that has read XML 1.1 goes on with its rules.
-        const Released<DOMLSParser> parser = MakeParser(errorHandler);
+        const Released<DOMLSParser> parser(
+            tree ? new nxXMLTreeParser(*tree, bytes)
+                 : Implementation(u"LS")->createLSParser(DOMImplementationLS::MODE_SYNCHRONOUS, nullptr));
+        Configure(parser, errorHandler);
         MemBufInputSource buffer(reinterpret_cast<const XMLByte*>(bytes.data()), bytes.size(),
                                  XStr(input.name.c_str()).Get());
         if (encoding)
@@ -240,7 +243,7 @@ nxErrorEnum nxXMLDocument::State::StickyError() const {
     return errorHandler.GetStickyError();
 }
 
-nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
+nxErrorEnum nxXMLDocument::State::Load(const Input& input, nxXMLTree* tree) {
     std::string converted;
     std::string_view utf8;
     nxXMLEncoding::Problem problem;
@@ -250,8 +253,12 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
     if (const char* const limit = nxXMLLimits::FindProblem(utf8))
         return Refuse(input, limit);
 
-    Released<DOMDocument> parsed = isText ? Parse(input, utf8, XMLUni::fgUTF8EncodingString)
-                                          : Parse(input, problem.declaration, nullptr);
+    if (tree)
+        tree->Clear();
+    if (tree && !converted.empty())
+        utf8 = tree->Keep(utf8);
+    Released<DOMDocument> parsed = isText ? Parse(input, utf8, XMLUni::fgUTF8EncodingString, tree)
+                                          : Parse(input, problem.declaration, nullptr, nullptr);
     if (!parsed && input.isFile)
         return document ? nxErrorEnum::XMLParseFailed : nxErrorEnum::XMLNoDocumentParsed;
     if (const nxErrorEnum error = StickyError(); !error.IsOK())
@@ -260,7 +267,8 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input) {
         return nxErrorEnum::XMLParseFailed;
     if (!isText) // and the parser has no word against it
         return Refuse(input, problem.description);
-    Adopt(std::move(parsed));
+    if (!tree)
+        Adopt(std::move(parsed));
     return nxErrorEnum::OK;
 }
 
@@ -357,6 +365,11 @@ nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
 nxErrorEnum nxXMLDocument::LoadFromString(const std::string& xml) {
     const Input input{xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false};
     return nxXMLMemory::Guarded([&] { return _state->Load(input); });
+}
+
+nxErrorEnum nxXMLDocument::_LoadTree(const std::string& xml, nxXMLTree& tree) {
+    const Input input{xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false};
+    return nxXMLMemory::Guarded([&] { return _state->Load(input, &tree); });
 }
 
 nxErrorEnum nxXMLDocument::LoadFromFileViaString(const std::string& path, std::string& contents) {

@@ -10,6 +10,8 @@
 #include <memory>
 #include <string>
 
+class nxXMLTree;
+
 // One XML 1.0 document: empty at first, then loaded or created, read and built through its elements, and
 // saved.
 //
@@ -69,6 +71,11 @@ public:
                                                           const std::string& contents);
 
 private:
+    friend struct nxXMLTreeLoader;
     struct State;
+
+    // As LoadFromString, but into a tree; the document held stays.
+    nxErrorEnum _LoadTree(const std::string& xml, nxXMLTree& tree);
+
     std::unique_ptr<State> _state;
 };

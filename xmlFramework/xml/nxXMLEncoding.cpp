@@ -170,8 +170,15 @@ namespace {
             !std::ranges::all_of(name, [&](char c) { return isIn(Letters)(c) || isIn(Others)(c); }))
             return nullptr;
 
+        // Names that the parser has always known, and ICU has not.
+        std::string known = name;
+        for (const auto& [alias, meant] :
+             {std::pair("UCS-4LE", "UTF-32LE"), std::pair("UCS-4BE", "UTF-32BE")}) {
+            if (ucnv_compareNames(name.c_str(), alias) == 0)
+                known = meant;
+        }
         UErrorCode status = U_ZERO_ERROR;
-        Converter converter(ucnv_open(name.c_str(), &status));
+        Converter converter(ucnv_open(known.c_str(), &status));
         ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
         if (status == U_MEMORY_ALLOCATION_ERROR)
             throw std::bad_alloc();

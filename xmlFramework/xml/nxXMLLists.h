@@ -261,14 +261,26 @@ namespace nxXMLFields {
 
     // ---- Fields
 
+    // What lists say of themselves to a visitor that describes a record: an instance without data is enough.
+    //
+    // Item: a text, or a record; Kind: which children are items, as above.
+    template <class Container, class Children>
+    struct ListTraits {
+        using Item = std::remove_cvref_t<decltype(*ItemOf(
+            std::declval<typename Access<std::remove_const_t<Container>>::Holder&>()))>;
+        using Kind = Children;
+    };
+
     // An element with the items in it, always written.
     template <class Container, class Children, class OnWrite>
-    class List {
+    class List : public ListTraits<Container, Children> {
     public:
         static constexpr bool IsList = true;
 
         List(std::string_view itemName, Container& items, OnWrite onWrite)
             : _itemName(itemName), _items(items, onWrite) {}
+
+        std::string_view GetItemName() const { return _itemName; }
 
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
             return _items.Read(node, _itemName, context);
@@ -286,7 +298,7 @@ namespace nxXMLFields {
 
     // Items that stand among the record's own elements, under the field's name.
     template <class Container, class Children>
-    class InlineList {
+    class InlineList : public ListTraits<Container, Children> {
     public:
         static constexpr bool IsList = true;
 
