@@ -3,7 +3,7 @@
 
 // How the library's time grows with the number of a list's items, and what memory it takes meanwhile.
 //
-//   growth ROUNDS   prints a line a figure:
+//   growth LIST ROUNDS   prints a line a figure:
 //
 //   time read|write LIST TIMES RATIO   processor time for a document of TIMES as many items against that for
 //                                      the usual one; a line a round
@@ -27,9 +27,12 @@
 #include <cstdlib>
 #include <ctime>
 #include <exception>
+#include <iterator>
 #include <new>
 #include <stdexcept>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace {
     // ---- Memory
@@ -156,12 +159,21 @@ void operator delete(void* block, std::size_t /*size*/) noexcept {
 }
 
 int main(int argc, char** argv) {
+    struct Kind {
+        std::string_view name;
+        void (*measure)(const char* name, int rounds);
+    };
+    constexpr Kind Kinds[] = {
+        {"mics", Measure<nxMICDefinitionList, bench::MakeMics>},
+        {"exchanges", Measure<nxExchangeDefinitionList, bench::MakeExchanges>},
+        {"hours", Measure<nxTradingHoursSchemeList, bench::MakeHours>},
+        {"brokers", Measure<nxBrokerMap, bench::MakeBrokers>},
+    };
     try {
-        const int rounds = argc > 1 ? std::atoi(argv[1]) : 1;
-        Measure<nxMICDefinitionList, bench::MakeMics>("mics", rounds);
-        Measure<nxExchangeDefinitionList, bench::MakeExchanges>("exchanges", rounds);
-        Measure<nxTradingHoursSchemeList, bench::MakeHours>("hours", rounds);
-        Measure<nxBrokerMap, bench::MakeBrokers>("brokers", rounds);
+        const auto* const kind = argc == 3 ? std::ranges::find(Kinds, argv[1], &Kind::name) : std::end(Kinds);
+        if (kind == std::end(Kinds))
+            throw std::runtime_error("a list and a number of rounds are wanted");
+        kind->measure(argv[1], std::atoi(argv[2]));
         return EXIT_SUCCESS;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "growth: %s\n", error.what());
