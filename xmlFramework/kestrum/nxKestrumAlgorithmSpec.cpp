@@ -11,7 +11,6 @@
 #include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
-#include <ranges>
 #include <tuple>
 #include <utility>
 
@@ -63,7 +62,7 @@ namespace {
 
         void Add(const Module& module) { _names.emplace(module.name); }
         auto Range() const {
-            return std::views::transform(_names, [](const std::string& name) { return Module{name}; });
+            return nxXMLFields::MadeFrom(_names, [](const std::string& name) { return Module{name}; });
         }
 
     private:

@@ -8,7 +8,6 @@
 #include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLLists.h"
 
-#include <ranges>
 #include <set>
 
 namespace {
@@ -82,7 +81,7 @@ namespace {
             _mappings.emplace(std::move(path), mapping.id);
         }
         auto Range() const {
-            return std::views::transform(_mappings, [](const auto& entry) {
+            return nxXMLFields::MadeFrom(_mappings, [](const auto& entry) {
                 return AlgoMapping{entry.first, true, entry.second};
             });
         }

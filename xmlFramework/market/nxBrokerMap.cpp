@@ -8,8 +8,6 @@
 #include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLLists.h"
 
-#include <ranges>
-
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxBrokerMap";
 
@@ -48,7 +46,7 @@ public:
         _map._idsByName.insert_or_assign(std::move(name), broker.id);
     }
     auto Range() const {
-        return std::views::transform(_map._namesByID, [](const auto& entry) {
+        return nxXMLFields::MadeFrom(_map._namesByID, [](const auto& entry) {
             return Broker{entry.first, entry.second};
         });
     }

@@ -9,7 +9,7 @@
 #include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
-#include <ranges>
+#include <functional>
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxSyntheticSpreadOrderSpec_XML";
@@ -40,8 +40,9 @@ namespace {
     };
 
     // Users may leave null pointers among the legs.
-    auto WithoutNulls(const nxSyntheticSpreadOrderSpec_XML::Legs& legs) {
-        return std::views::filter(legs, [](const auto& leg) { return leg != nullptr; });
+    template <class IsWanted>
+    auto CountLegs(const nxSyntheticSpreadOrderSpec_XML::Legs& legs, IsWanted isWanted) {
+        return std::ranges::count_if(legs, [isWanted](const auto& leg) { return leg && isWanted(*leg); });
     }
 } // namespace
 
@@ -131,19 +132,20 @@ nxErrorEnum nxSyntheticSpreadOrderSpec_XML::IsValid(const std::string& logPrefix
 
 unsigned int nxSyntheticSpreadOrderSpec_XML::GetWorkingLegCount() const {
     return static_cast<unsigned int>(
-        std::ranges::count_if(WithoutNulls(_legs), [](const auto& leg) { return leg->GetWorkingLeg(); }));
+        CountLegs(_legs, std::mem_fn(&nxSyntheticSpreadOrderSpecLeg_XML::GetWorkingLeg)));
 }
 
 bool nxSyntheticSpreadOrderSpec_XML::ContainsAuctionModeLegs() const {
-    return std::ranges::any_of(WithoutNulls(_legs),
-                               [](const auto& leg) { return leg->GetIsAuctionModeLeg(); });
+    return CountLegs(_legs, std::mem_fn(&nxSyntheticSpreadOrderSpecLeg_XML::GetIsAuctionModeLeg)) > 0;
 }
 
 std::string nxSyntheticSpreadOrderSpec_XML::GetAsLogString() const {
     std::string legs;
     std::size_t count = 0;
-    for (const auto& leg : WithoutNulls(_legs))
-        legs += ", Leg #: " + std::to_string(count++) + leg->GetAsLogString();
+    for (const auto& leg : _legs) {
+        if (leg)
+            legs += ", Leg #: " + std::to_string(count++) + leg->GetAsLogString();
+    }
     std::string text = "Leg count: " + std::to_string(count) + legs;
     text += ", Scratch if legged: " + nxStringHelper::GetAsString(_scratchIfLegged);
     text += ", Exchange destination override: " + _exchangeDestinationOverride;

@@ -113,6 +113,38 @@ namespace nxXMLFields {
         static const auto& Range(const Container& items) { return items.Get(); }
     };
 
+    // The entries of a container as items that are made of them one by one. (As std::views::transform, which
+    // clang 14 does not compile with GCC's library.)
+    template <class Container, class Make>
+    class MadeFrom {
+    public:
+        class Iterator {
+        public:
+            Iterator(typename Container::const_iterator entry, const Make& make)
+                : _entry(entry), _make(make) {}
+
+            auto operator*() const { return _make(*_entry); }
+            Iterator& operator++() {
+                ++_entry;
+                return *this;
+            }
+            bool operator!=(const Iterator& other) const { return _entry != other._entry; }
+
+        private:
+            typename Container::const_iterator _entry;
+            const Make& _make;
+        };
+
+        MadeFrom(const Container& container, Make make) : _container(container), _make(make) {}
+
+        Iterator begin() const { return {_container.begin(), _make}; }
+        Iterator end() const { return {_container.end(), _make}; }
+
+    private:
+        const Container& _container;
+        Make _make;
+    };
+
     // A map as a container of its items. `keyOf` gives the key under which an item is entered. Of several
     // items of one key the first stays.
     template <class Map, class KeyOf>

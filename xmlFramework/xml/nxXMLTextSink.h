@@ -46,6 +46,6 @@ private:
     std::vector<std::string_view> _open; // the names of the elements that have not ended
     bool _isInStartTag = false;
     std::string _problem;
-    char* _next = _buffer.data();
     std::array<char, BufferSize> _buffer;
+    char* _next = _buffer.data();
 };
