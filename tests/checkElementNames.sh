@@ -27,6 +27,7 @@ END
 find . \( -name '*.h' -o -name '*.cpp' \) -print0 | sort -z | xargs -0 cat | grep -v '^ *//' | tr '\n' ' ' >"$scratch/code"
 {
     grep -oE '\b(field|Field|Save|ListOf(<[A-Za-z]+>)?)\( *"[^"]+"' "$scratch/code"
+    grep -oE '\b(Root|ItemName) = "[^"]+"' "$scratch/code"
     grep -oE '\b[A-Za-z]+Names\[\] = \{[^}]*\}' "$scratch/code"
 } | grep -oE '"[^"]+"' | tr -d '"' | sort -u >"$scratch/names"
 

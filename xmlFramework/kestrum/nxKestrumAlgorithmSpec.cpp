@@ -43,7 +43,7 @@ namespace {
 
         template <class Visitor>
         void Visit(Visitor&& field) {
-            field("Name", nxXMLFields::Required(name));
+            field("Name", nxXMLFields::Required(name), nxXMLFields::Key());
         }
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
             nxXMLFields::Reader reader(node, context);
@@ -51,6 +51,9 @@ namespace {
             return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+        static std::vector<nxXMLFieldDescription> _Describe() {
+            return nxXMLFields::Describe([none = Module()](auto& field) mutable { none.Visit(field); });
+        }
     };
 
     template <class Names>
@@ -60,7 +63,9 @@ namespace {
 
         explicit ModuleList(Names& names) : _names(names) {}
 
-        void Add(const Module& module) { _names.emplace(module.name); }
+        const char* Add(const Module& module) {
+            return _names.emplace(module.name).second ? nullptr : "named before already";
+        }
         auto Range() const {
             return nxXMLFields::MadeFrom(_names, [](const std::string& name) { return Module{name}; });
         }
@@ -83,6 +88,8 @@ namespace {
 } // namespace
 
 struct nxKestrumAlgorithmSpec::Fields {
+    static constexpr const char* Root = "KestrumAlgorithmSpec";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
@@ -123,22 +130,23 @@ const nxKestrumAlgorithmSpec::SystemParameters& nxKestrumAlgorithmSpec::_TheSyst
 }
 
 nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, context,
-        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return loaded;
-
-    const nxXMLReadContext readContext{context};
-    nxXMLFields::Reader reader(tree.GetRoot(), readContext, nxXMLFields::AfterFailure::Stop);
-    Fields::Visit(*this, reader);
-    return reader.GetResult();
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         context,
+         "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
+            nxXMLFields::Reader reader(root, readContext, nxXMLFields::AfterFailure::Stop);
+            Fields::Visit(*this, reader);
+            return reader.GetResult();
+        },
+        [](const nxErrorEnum& result) { return result; });
 }
 
 nxErrorEnum nxKestrumAlgorithmSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumAlgorithmSpec", xmlOut, [this](nxXMLSink& sink) {
+    return nxXMLConversion::Save(Fields::Root, xmlOut, [this](nxXMLSink& sink) {
         Fields::Visit(*this, nxXMLFields::Writer(sink, nxXMLFields::AfterFailure::Stop));
     });
 }
@@ -149,6 +157,10 @@ bool nxKestrumAlgorithmSpec::operator==(const nxKestrumAlgorithmSpec& other) con
                         spec._limits, spec._modules, spec._outputParameters, spec._hideParentOrder);
     };
     return values(*this) == values(other);
+}
+
+nxXMLDescription nxKestrumAlgorithmSpec::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumAlgorithmSpec::GetDataCategoryTypeID() {

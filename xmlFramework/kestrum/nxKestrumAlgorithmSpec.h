@@ -38,6 +38,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumAlgorithmSpec* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
     // Lists are equal whose items are, in order.
     bool operator==(const nxKestrumAlgorithmSpec& other) const;

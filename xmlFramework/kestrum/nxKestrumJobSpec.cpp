@@ -25,6 +25,7 @@ namespace {
             _userString = nxKestrumUserString::FromDocument(std::string(text));
             return nxErrorEnum::OK;
         }
+        static nxXMLValueDescription DescribeValue() { return {}; } // a text
 
     private:
         String& _userString;
@@ -32,6 +33,8 @@ namespace {
 } // namespace
 
 struct nxKestrumJobSpec::Fields {
+    static constexpr const char* Root = "KestrumJobSpec";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
@@ -51,23 +54,22 @@ struct nxKestrumJobSpec::Fields {
 const bool nxKestrumJobSpec::_registered = nxXMLDataObject::_Register(new nxKestrumJobSpec);
 
 nxErrorEnum nxKestrumJobSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLTree tree;
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, context,
-        "Failed to convert XML data to Kestrum Job Spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext readContext{context};
-    nxXMLFields::Reader reader(tree.GetRoot(), readContext);
-    Fields::Visit(*this, reader);
-    return reader.GetResult();
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         context,
+         "Failed to convert XML data to Kestrum Job Spec. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
+            nxXMLFields::Reader reader(root, readContext);
+            Fields::Visit(*this, reader);
+            return reader.GetResult();
+        });
 }
 
 nxErrorEnum nxKestrumJobSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumJobSpec", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
 bool nxKestrumJobSpec::operator==(const nxKestrumJobSpec& other) const {
@@ -77,6 +79,10 @@ bool nxKestrumJobSpec::operator==(const nxKestrumJobSpec& other) const {
                         spec._preferredExchangeUser, spec._antiCrossPullOrders, spec._disablePreLimitCheck);
     };
     return values(*this) == values(other);
+}
+
+nxXMLDescription nxKestrumJobSpec::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumJobSpec::GetDataCategoryTypeID() {

@@ -23,6 +23,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumJobSpec* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxKestrumJobSpec& other) const;

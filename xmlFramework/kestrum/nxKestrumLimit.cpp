@@ -17,7 +17,7 @@ struct nxKestrumLimit::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
-        field("ProductID", Required(record._productID));
+        field("ProductID", Required(record._productID), Key());
         field("MaxShort", Required(record._maxShort));
         field("MaxLong", Required(record._maxLong));
         field("MaxBuys", record._maxBuys);
@@ -58,6 +58,11 @@ nxErrorEnum nxKestrumLimit::_Read(const nxXMLNode& node, const nxXMLReadContext&
 
 void nxKestrumLimit::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxKestrumLimit::_Describe() {
+    const nxKestrumLimit none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 nxErrorEnum nxKestrumLimit::ConvertToXML(nxXMLElement& element) const {

@@ -9,9 +9,11 @@
 #include "xmlFramework/xml/nxXMLElement.h"
 
 #include <string>
+#include <vector>
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -76,6 +78,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
+    static std::vector<nxXMLFieldDescription> _Describe();
 
     std::string _productID;
     unsigned int _maxLong = 0;

@@ -13,6 +13,8 @@ namespace {
 } // namespace
 
 struct nxKestrumModuleSpec::Fields {
+    static constexpr const char* Root = "KestrumModuleSpec";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         field("SourceCode", record._sourceCode);
@@ -22,23 +24,26 @@ struct nxKestrumModuleSpec::Fields {
 const bool nxKestrumModuleSpec::_registered = nxXMLDataObject::_Register(new nxKestrumModuleSpec);
 
 nxErrorEnum nxKestrumModuleSpec::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, context,
-        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext readContext{context};
-    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), readContext));
-    return nxErrorEnum::OK;
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         context,
+         "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
+            Fields::Visit(*this, nxXMLFields::Reader(root, readContext));
+            return nxErrorEnum::OK;
+        });
 }
 
 nxErrorEnum nxKestrumModuleSpec::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("KestrumModuleSpec", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxKestrumModuleSpec::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumModuleSpec::GetDataCategoryTypeID() {

@@ -16,6 +16,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumModuleSpec* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxKestrumModuleSpec& other) const { return _sourceCode == other._sourceCode; }

@@ -15,7 +15,7 @@ struct nxKestrumParameterDefinition::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
-        field("Name", Required(record._name));
+        field("Name", Required(record._name), Key());
         field("ParameterType", Required(record._parameterType));
         field("Optional", Required(record._optional));
         field("SystemParameter", record._isSystemParameter);
@@ -50,6 +50,11 @@ nxErrorEnum nxKestrumParameterDefinition::_Read(const nxXMLNode& node, const nxX
 
 void nxKestrumParameterDefinition::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink, nxXMLFields::AfterFailure::Stop));
+}
+
+std::vector<nxXMLFieldDescription> nxKestrumParameterDefinition::_Describe() {
+    const nxKestrumParameterDefinition none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 nxErrorEnum nxKestrumParameterDefinition::ConvertToXML(nxXMLElement& element) const {

@@ -16,6 +16,7 @@
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -75,6 +76,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
+    static std::vector<nxXMLFieldDescription> _Describe();
 
     // Tells the index that has the definition under its name that this may not be its name any more. It
     // belongs to the object and not to its value: it is not copied, and all are equal.

@@ -12,6 +12,8 @@ namespace {
 } // namespace
 
 struct nxKestrumUserLimit::Fields {
+    static constexpr const char* Root = "KestrumUserLimit";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         field("maxTransactions", nxXMLFields::NullIfMalformed(record._maxTransactions));
@@ -27,20 +29,23 @@ nxKestrumUserLimit* nxKestrumUserLimit::CopyInstance() const {
 }
 
 nxErrorEnum nxKestrumUserLimit::ConvertFromXML(const std::string& xml, const std::string& context) {
-    nxXMLTree tree;
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, context,
-        "Failed to convert XML data to kestrum user limit. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext readContext{context};
-    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), readContext));
-    return nxErrorEnum::OK;
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         context,
+         "Failed to convert XML data to kestrum user limit. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
+            Fields::Visit(*this, nxXMLFields::Reader(root, readContext));
+            return nxErrorEnum::OK;
+        });
 }
 
 nxErrorEnum nxKestrumUserLimit::ConvertToXML(std::string& xmlOut, const std::string& /*context*/) const {
-    return nxXMLConversion::Save("KestrumUserLimit", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxKestrumUserLimit::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }

@@ -6,6 +6,7 @@
 #include "include/nxErrorEnum.h"
 #include "include/nxValueWrapper.h"
 #include "xmlFramework/nxXMLFrameworkExport.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <string>
 
@@ -36,6 +37,7 @@ public:
     // malformed null; nxErrorEnum::InvalidData only where the text is no document.
     [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context);
     [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string& context) const;
+    nxXMLDescription GetDocumentDescription() const;
 
 private:
     struct Fields;

@@ -19,6 +19,7 @@ namespace {
         PathField(std::string_view& path, bool& isThere) : _path(path), _isThere(isThere) {}
 
         void AppendText(std::string& text) const { text += _path; }
+        static nxXMLValueDescription DescribeValue() { return {}; } // a text
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
             _isThere = true;
             _path = node.GetText();
@@ -39,6 +40,9 @@ namespace {
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
             return nxXMLFields::NullIfMalformed(_id).FromText(node.GetText());
         }
+        static nxXMLValueDescription DescribeValue() {
+            return nxXMLFields::NullIfMalformed<nxUnsignedValueWrapper>::DescribeValue();
+        }
 
     private:
         nxUnsignedValueWrapper& _id;
@@ -52,13 +56,16 @@ namespace {
 
         template <class Visitor>
         void Visit(Visitor&& field) {
-            field("AlgoPath", PathField(path, hasPath));
+            field("AlgoPath", PathField(path, hasPath), nxXMLFields::Key());
             field("AlgoID", IDField(id));
         }
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
             return nxXMLFields::ReadInDocumentOrder(node, context, [this](auto& field) { Visit(field); });
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+        static std::vector<nxXMLFieldDescription> _Describe() {
+            return nxXMLFields::Describe([none = AlgoMapping()](auto& field) mutable { none.Visit(field); });
+        }
     };
 
     // Takes the mappings of a document one by one and leaves out those that break the one-to-one rule.
@@ -97,10 +104,14 @@ namespace {
         std::set<unsigned int> _ids; // of this document
     };
 
-    template <class Visitor>
-    void VisitFields(MappingList& mappings, Visitor&& field) {
-        field("AlgoIDMappings", nxXMLFields::ListOf("AlgoMapping", mappings));
-    }
+    struct Fields {
+        static constexpr const char* Root = "AlgoIDMappingList";
+
+        template <class Visitor>
+        static void Visit(MappingList& mappings, Visitor&& field) {
+            field("AlgoIDMappings", nxXMLFields::ListOf("AlgoMapping", mappings));
+        }
+    };
 } // namespace
 
 const bool nxAlgoIDMappingList::_registered = nxXMLDataObject::_Register(new nxAlgoIDMappingList);
@@ -108,23 +119,31 @@ const bool nxAlgoIDMappingList::_registered = nxXMLDataObject::_Register(new nxA
 nxErrorEnum nxAlgoIDMappingList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
     _mappings.clear();
 
-    nxXMLTree tree;
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-        "Failed to convert XML data to algo mapping list. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    MappingList mappings(_mappings);
-    return nxXMLFields::ReadInDocumentOrder(tree.GetRoot(), {logPrefix},
-                                            [&mappings](auto& field) { VisitFields(mappings, field); });
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to algo mapping list. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+            MappingList mappings(_mappings);
+            return nxXMLFields::ReadInDocumentOrder(
+                root, context, [&mappings](auto& field) { Fields::Visit(mappings, field); });
+        });
 }
 
 nxErrorEnum nxAlgoIDMappingList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("AlgoIDMappingList", xmlOut, [this](nxXMLSink& sink) {
+    return nxXMLConversion::Save(Fields::Root, xmlOut, [this](nxXMLSink& sink) {
         MappingList mappings(_mappings);
-        VisitFields(mappings, nxXMLFields::Writer(sink));
+        Fields::Visit(mappings, nxXMLFields::Writer(sink));
     });
+}
+
+nxXMLDescription nxAlgoIDMappingList::GetDocumentDescription() const {
+    Mappings none;
+    MappingList mappings(none);
+    return {Fields::Root,
+            nxXMLFields::Describe([&mappings](auto& field) { Fields::Visit(mappings, field); })};
 }
 
 nxUnsignedValueWrapper nxAlgoIDMappingList::GetDataCategoryTypeID() {

@@ -20,6 +20,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxAlgoIDMappingList* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxAlgoIDMappingList& other) const { return _mappings == other._mappings; }

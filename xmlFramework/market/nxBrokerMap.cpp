@@ -19,7 +19,7 @@ namespace {
         // By name, as the parser keeps attributes: documents have always had them in this order.
         template <class Visitor>
         void Visit(Visitor&& field) {
-            field("id", nxXMLFields::Required(nxXMLFields::Attribute(id)));
+            field("id", nxXMLFields::Required(nxXMLFields::Attribute(id)), nxXMLFields::Key());
             field("name", nxXMLFields::Attribute(name));
         }
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
@@ -28,6 +28,9 @@ namespace {
             return reader.GetResult();
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
+        static std::vector<nxXMLFieldDescription> _Describe() {
+            return nxXMLFields::Describe([none = Broker()](auto& field) mutable { none.Visit(field); });
+        }
     };
 } // namespace
 
@@ -40,10 +43,15 @@ public:
 
     void Reserve(std::size_t count) { _map._idsByName.reserve(_map._idsByName.size() + count); }
     // As SetBrokerIDAndName does; documents mostly have their brokers in order.
-    void Add(const Broker& broker) {
+    const char* Add(const Broker& broker) {
         std::string name(broker.name);
+        const std::size_t before = _map._namesByID.size();
         _map._namesByID.insert_or_assign(_map._namesByID.end(), broker.id, name);
-        _map._idsByName.insert_or_assign(std::move(name), broker.id);
+        const bool hasNewID = _map._namesByID.size() != before;
+        const bool hasNewName = _map._idsByName.insert_or_assign(std::move(name), broker.id).second;
+        if (!hasNewID)
+            return "read in place of one of the same ID before it";
+        return hasNewName ? nullptr : "its name is found under this ID, not under one before it";
     }
     auto Range() const {
         return nxXMLFields::MadeFrom(_map._namesByID, [](const auto& entry) {
@@ -56,6 +64,8 @@ private:
 };
 
 struct nxBrokerMap::Fields {
+    static constexpr const char* Root = "BrokerMap";
+
     template <class Visitor>
     static void Visit(nxBrokerMap& record, Visitor&& field) {
         field("Broker", nxXMLFields::Items<nxXMLFields::Any>(Brokers(record)));
@@ -65,27 +75,29 @@ struct nxBrokerMap::Fields {
 const bool nxBrokerMap::_registered = nxXMLDataObject::_Register(new nxBrokerMap);
 
 nxErrorEnum nxBrokerMap::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    constexpr const char* Failure =
+    static constexpr const char* Failure =
         "Failed to convert XML data to broker map. Unable to create XML document from XML string";
-    nxXMLTree tree;
-    const nxErrorEnum loaded =
-        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix, Failure);
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext context{logPrefix};
-    nxXMLFields::Reader reader(tree.GetRoot(), context);
-    Fields::Visit(*this, reader);
-    if (reader.GetResult().IsOK())
-        return nxErrorEnum::OK;
-    // The same message, whatever went wrong.
-    nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, Failure);
-    return nxErrorEnum::InvalidData;
+    return nxXMLConversion::ReadDocument(
+        xml, {Fields::Root, {nxLogLevels::Error, SourceFile}, logPrefix, Failure},
+        [this, &logPrefix](const nxXMLNode& root, const nxXMLReadContext& context) {
+            nxXMLFields::Reader reader(root, context);
+            Fields::Visit(*this, reader);
+            if (reader.GetResult().IsOK())
+                return nxErrorEnum::OK;
+            // The same message, whatever went wrong.
+            nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, Failure);
+            return nxErrorEnum::InvalidData;
+        });
 }
 
 nxErrorEnum nxBrokerMap::ConvertToXML(std::string& xmlOut, const std::string&) {
     return nxXMLConversion::Save(
-        "BrokerMap", xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxBrokerMap::GetDocumentDescription() const {
+    nxBrokerMap none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxBrokerMap::GetDataCategoryTypeID() {

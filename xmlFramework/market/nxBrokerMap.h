@@ -22,6 +22,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxBrokerMap* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxBrokerMap& other) const {

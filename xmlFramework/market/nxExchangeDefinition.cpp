@@ -39,6 +39,9 @@ namespace {
             });
             return nxErrorEnum::OK;
         }
+        static nxXMLValueDescription DescribeValue() {
+            return {nxXMLValueDescription::Type::Texts, {}, {}, {}};
+        }
 
     private:
         List& _list;
@@ -48,7 +51,7 @@ namespace {
 struct nxExchangeDefinition::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
-        field("Mnemonic", record._mnemonic);
+        field("Mnemonic", record._mnemonic, nxXMLFields::Key());
         field("Description", record._description);
         field("IsExchange", record._isExchange);
         field("IsPriceSource", record._isPriceSource);
@@ -71,6 +74,11 @@ nxErrorEnum nxExchangeDefinition::_Read(const nxXMLNode& node, const nxXMLReadCo
 
 void nxExchangeDefinition::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxExchangeDefinition::_Describe() {
+    const nxExchangeDefinition none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 nxErrorEnum nxExchangeDefinition::ConvertFromXML(nxXMLElement& element, const std::string& logPrefix) {

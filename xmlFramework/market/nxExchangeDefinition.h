@@ -12,6 +12,7 @@
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -61,6 +62,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
+    static std::vector<nxXMLFieldDescription> _Describe();
 
     std::string _mnemonic;
     std::vector<std::string> _mics;

@@ -34,6 +34,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxExchangeDefinitionList* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxExchangeDefinitionList& other) const; // in the values of the items

@@ -15,6 +15,7 @@ namespace {
         const char* trueText = "";
         const char* falseText = "";
     };
+    struct CSVKey : CSVColumn, nxXMLFields::Key {};
 
     class CSVReader {
     public:
@@ -83,7 +84,7 @@ namespace {
 struct nxMICDefinition::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
-        field("MIC", record._mic, CSVColumn{});
+        field("MIC", record._mic, CSVKey());
         field("Country", record._country, CSVColumn{"country"});
         field("ISOCountryCode", record._isoCountryCode, CSVColumn{"isoCountryCode"});
         field("OperatingMIC", record._operatingMIC, CSVColumn{"operatingMIC"});
@@ -134,6 +135,11 @@ nxErrorEnum nxMICDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext
 
 void nxMICDefinition::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxMICDefinition::_Describe() {
+    const nxMICDefinition none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 nxErrorEnum nxMICDefinition::ConvertFromXML(nxXMLElement& element, const std::string& logPrefix) {

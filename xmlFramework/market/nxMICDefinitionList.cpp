@@ -20,6 +20,8 @@ namespace {
 } // namespace
 
 struct nxMICDefinitionList::Fields {
+    static constexpr const char* Root = "MICDefinitionList";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
@@ -39,26 +41,30 @@ bool nxMICDefinitionList::operator==(const nxMICDefinitionList& other) const {
 }
 
 nxErrorEnum nxMICDefinitionList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxErrorEnum result = nxXMLFields::ReadInDocumentOrder(
-        tree.GetRoot(), {logPrefix}, [this](auto& field) { Fields::Visit(*this, field); });
-    if (!result.IsOK())
-        nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
-                   "Failed to convert XML data to MIC definition");
-    return result;
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
+        [this, &logPrefix](const nxXMLNode& root, const nxXMLReadContext& context) {
+            const nxErrorEnum result = nxXMLFields::ReadInDocumentOrder(
+                root, context, [this](auto& field) { Fields::Visit(*this, field); });
+            if (!result.IsOK())
+                nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix,
+                           "Failed to convert XML data to MIC definition");
+            return result;
+        });
 }
 
 nxErrorEnum nxMICDefinitionList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("MICDefinitionList", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxMICDefinitionList::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxMICDefinitionList::GetDataCategoryTypeID() {

@@ -19,9 +19,11 @@ namespace {
 
         explicit ProductList(Products& products) : _products(products) {}
 
-        void Add(Holder product) {
+        const char* Add(Holder product) {
             const std::string& productID = product.GetProductID();
-            _products.insert_or_assign(productID, std::move(product));
+            return _products.insert_or_assign(productID, std::move(product)).second
+                       ? nullptr
+                       : "read in place of one of the same ID before it";
         }
         const Products& Range() const { return _products; }
 
@@ -31,6 +33,8 @@ namespace {
 } // namespace
 
 struct nxOrvalenPriceUsageStatistics::Fields {
+    static constexpr const char* Root = "OrvalenPriceStatistics";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         field("userID", record._userID);
@@ -40,24 +44,26 @@ struct nxOrvalenPriceUsageStatistics::Fields {
 
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertFromXML(const std::string& xml,
                                                           const std::string& logPrefix) {
-    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    const nxErrorEnum loaded =
-        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-                              "Failed to convert XML data to exchange trading horus definition "
-                              "list. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext context{logPrefix};
-    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), context));
-    return nxErrorEnum::OK;
+    return nxXMLConversion::ReadDocument(xml,
+                                         {Fields::Root,
+                                          {nxLogLevels::Error, SourceFile},
+                                          logPrefix,
+                                          "Failed to convert XML data to exchange trading horus definition "
+                                          "list. Unable to create XML document from XML string"},
+                                         [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+                                             Fields::Visit(*this, nxXMLFields::Reader(root, context));
+                                             return nxErrorEnum::OK;
+                                         });
 }
 
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("OrvalenPriceStatistics", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxOrvalenPriceUsageStatistics::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxOrvalenPriceUsageStatistics::GetDataCategoryTypeID() {

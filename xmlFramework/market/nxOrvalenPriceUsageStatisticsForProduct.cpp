@@ -9,7 +9,7 @@
 struct nxOrvalenPriceUsageStatisticsForProduct::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
-        field("productID", record._productID);
+        field("productID", record._productID, nxXMLFields::Key());
         field("noOfPriceUpdates", record._noOfPriceUpdates);
         field("noOfPriceDataObjects", record._noOfPriceDataObjects);
         field("noOfUnobservedPriceDataObjects", record._noOfUnobservedPriceDataObjects);
@@ -26,6 +26,11 @@ nxErrorEnum nxOrvalenPriceUsageStatisticsForProduct::_Read(const nxXMLNode& node
 
 void nxOrvalenPriceUsageStatisticsForProduct::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxOrvalenPriceUsageStatisticsForProduct::_Describe() {
+    const nxOrvalenPriceUsageStatisticsForProduct none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 void nxOrvalenPriceUsageStatisticsForProduct::SaveToXML(nxXMLElement& element) const {

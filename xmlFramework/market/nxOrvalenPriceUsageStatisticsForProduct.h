@@ -7,9 +7,11 @@
 #include "xmlFramework/xml/nxXMLElement.h"
 
 #include <string>
+#include <vector>
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -45,6 +47,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
+    static std::vector<nxXMLFieldDescription> _Describe();
 
     std::string _productID;
     unsigned int _noOfPriceDataObjects = 0;

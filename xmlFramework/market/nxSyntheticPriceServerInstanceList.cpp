@@ -6,10 +6,30 @@
 #include "core/nxDataCategoryEnum.h"
 #include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
-#include "xmlFramework/xml/nxXMLFields.h"
+#include "xmlFramework/xml/nxXMLLists.h"
 
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxSyntheticPriceServerInstanceList";
+
+    // A child without a text is no instance.
+    template <class Texts>
+    class InstanceTexts {
+    public:
+        using Holder = std::string;
+
+        explicit InstanceTexts(Texts& texts) : _texts(texts) {}
+
+        const char* Add(std::string text) {
+            if (text.empty())
+                return "it has no text";
+            _texts.push_back(std::move(text));
+            return nullptr;
+        }
+        const Texts& Range() const { return _texts; }
+
+    private:
+        Texts& _texts;
+    };
 
     // Every child with a text is an instance, whatever its name. One that cannot be written is logged.
     template <class Instances>
@@ -19,17 +39,13 @@ namespace {
 
         explicit InstancesField(Instances& instances) : _instances(instances) {}
 
-        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
-            for (nxXMLNode child = node.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
-                if (child.HasText())
-                    _instances.emplace_back(child.GetText());
-            }
-            return nxErrorEnum::OK;
+        nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
+            return GetList().ReadFrom(node, context);
         }
         void WriteTo(nxXMLSink& sink, std::string_view name) const {
             sink.Start(name);
-            for (const std::string& instance : _instances) {
-                sink.Field("Instance", instance);
+            for (const std::string& instance : _instances.Range()) {
+                sink.Field(ItemName, instance);
                 if (!sink.IsOK())
                     return nxWriteLog(
                         {nxLogLevels::Error, SourceFile},
@@ -39,13 +55,19 @@ namespace {
             }
             sink.End();
         }
+        auto GetList() { return nxXMLFields::ListOf<nxXMLFields::Any>(ItemName, _instances); }
+        auto GetList() const { return nxXMLFields::ListOf<nxXMLFields::Any>(ItemName, _instances); }
 
     private:
-        Instances& _instances;
+        static constexpr const char* ItemName = "Instance";
+
+        InstanceTexts<Instances> _instances;
     };
 } // namespace
 
 struct nxSyntheticPriceServerInstanceList::Fields {
+    static constexpr const char* Root = "SyntheticPriceServerInstanceList";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         field("SyntheticPriceServerInstances", InstancesField(record._instances));
@@ -57,22 +79,26 @@ const bool nxSyntheticPriceServerInstanceList::_registered =
 
 nxErrorEnum nxSyntheticPriceServerInstanceList::ConvertFromXML(const std::string& xml,
                                                                const std::string& logPrefix) {
-    nxXMLTree tree;
     // The message names another record; log monitoring matches it as it stands.
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    return nxXMLFields::ReadInDocumentOrder(tree.GetRoot(), {logPrefix},
-                                            [this](auto& field) { Fields::Visit(*this, field); });
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+            return nxXMLFields::ReadInDocumentOrder(root, context,
+                                                    [this](auto& field) { Fields::Visit(*this, field); });
+        });
 }
 
 nxErrorEnum nxSyntheticPriceServerInstanceList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("SyntheticPriceServerInstanceList", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxSyntheticPriceServerInstanceList::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxSyntheticPriceServerInstanceList::GetDataCategoryTypeID() {

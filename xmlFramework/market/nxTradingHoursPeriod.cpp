@@ -43,6 +43,11 @@ void nxTradingHoursPeriod::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
 }
 
+std::vector<nxXMLFieldDescription> nxTradingHoursPeriod::_Describe() {
+    const nxTradingHoursPeriod none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
+}
+
 nxErrorEnum nxTradingHoursPeriod::ConvertFromXML(nxXMLElement& periodElement, const std::string& logPrefix) {
     return nxXMLConversion::ReadElement(*this, periodElement, logPrefix);
 }

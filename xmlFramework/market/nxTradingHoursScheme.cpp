@@ -19,7 +19,7 @@ struct nxTradingHoursScheme::Fields {
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
-        field("SchemeName", record._schemeName);
+        field("SchemeName", record._schemeName, Key());
         field("Periods", ListOf<Leading>("Period", record._periods));
     }
 };
@@ -47,6 +47,11 @@ nxErrorEnum nxTradingHoursScheme::_Read(const nxXMLNode& node, const nxXMLReadCo
 
 void nxTradingHoursScheme::_Write(nxXMLSink& sink) const {
     Fields::Visit(*this, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxTradingHoursScheme::_Describe() {
+    const nxTradingHoursScheme none;
+    return nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); });
 }
 
 nxErrorEnum nxTradingHoursScheme::ConvertFromXML(nxXMLElement& schemeElement, const std::string& logPrefix) {

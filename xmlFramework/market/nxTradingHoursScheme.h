@@ -10,6 +10,7 @@
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -47,6 +48,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink) const;
+    static std::vector<nxXMLFieldDescription> _Describe();
 
     std::string _schemeName;
     std::vector<nxTradingHoursPeriod> _periods;

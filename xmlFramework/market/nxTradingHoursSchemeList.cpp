@@ -13,6 +13,8 @@ namespace {
 } // namespace
 
 struct nxTradingHoursSchemeList::Fields {
+    static constexpr const char* Root = "TradingHoursSchemesList";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
@@ -24,28 +26,31 @@ struct nxTradingHoursSchemeList::Fields {
 const bool nxTradingHoursSchemeList::_registered = nxXMLDataObject::_Register(new nxTradingHoursSchemeList);
 
 nxErrorEnum nxTradingHoursSchemeList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLTree tree;
-    const nxErrorEnum loaded =
-        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-                              "Failed to convert XML data to trading hours scheme list. Unable to create XML "
-                              "document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext context{logPrefix};
-    nxXMLFields::Reader reader(tree.GetRoot(), context);
-    Fields::Visit(*this, reader);
-    if (!reader.GetResult().IsOK())
-        nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, // two blanks: as it has always been
-                   "Failed to convert XML data to trading hours scheme list spec. "
-                   "Failed to convert trading hours scheme  from XML");
-    return reader.GetResult();
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to trading hours scheme list. Unable to create XML "
+         "document from XML string"},
+        [this, &logPrefix](const nxXMLNode& root, const nxXMLReadContext& context) {
+            nxXMLFields::Reader reader(root, context);
+            Fields::Visit(*this, reader);
+            if (!reader.GetResult().IsOK())
+                nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, // two blanks: as it has always been
+                           "Failed to convert XML data to trading hours scheme list spec. "
+                           "Failed to convert trading hours scheme  from XML");
+            return reader.GetResult();
+        });
 }
 
 nxErrorEnum nxTradingHoursSchemeList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("TradingHoursSchemesList", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxTradingHoursSchemeList::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxTradingHoursSchemeList::GetDataCategoryTypeID() {

@@ -15,6 +15,8 @@ namespace {
 } // namespace
 
 struct nxUserTextList::Fields {
+    static constexpr const char* Root = "UserTextHistoryList";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         using namespace nxXMLFields;
@@ -25,23 +27,26 @@ struct nxUserTextList::Fields {
 const bool nxUserTextList::_registered = nxXMLDataObject::_Register(new nxUserTextList);
 
 nxErrorEnum nxUserTextList::ConvertFromXML(const std::string& xml, const std::string& logPrefix) {
-    nxXMLTree tree;
-    const nxErrorEnum loaded =
-        nxXMLConversion::Load(tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-                              "Failed to convert XML data to user text history list. Unable to create XML "
-                              "document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    const nxXMLReadContext context{logPrefix};
-    Fields::Visit(*this, nxXMLFields::Reader(tree.GetRoot(), context));
-    return nxErrorEnum::OK;
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to user text history list. Unable to create XML "
+         "document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+            Fields::Visit(*this, nxXMLFields::Reader(root, context));
+            return nxErrorEnum::OK;
+        });
 }
 
 nxErrorEnum nxUserTextList::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("UserTextHistoryList", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxUserTextList::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxUserTextList::GetDataCategoryTypeID() {

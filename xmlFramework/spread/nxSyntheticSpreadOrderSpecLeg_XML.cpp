@@ -42,6 +42,14 @@ namespace {
     }
 
     template <class Value>
+    nxXMLValueDescription DescribeLegText() {
+        if constexpr (std::derived_from<Value, nxEnum>)
+            return nxXMLFields::DescribeEnumeration(Value::Rows(), &nxEnumRow::shortDescription);
+        else
+            return nxXMLFields::ValueOf<Value>::Describe();
+    }
+
+    template <class Value>
     bool IsUnset(const Value& value) {
         if constexpr (std::derived_from<Value, nxEnum>)
             return value.IsUndefined();
@@ -60,6 +68,7 @@ namespace {
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& /*context*/) {
             return FromLegText(node.GetText(), _value);
         }
+        static nxXMLValueDescription DescribeValue() { return DescribeLegText<std::remove_const_t<Value>>(); }
 
     protected:
         Value& _value;
@@ -89,6 +98,7 @@ namespace {
                 _value = value;
             return result;
         }
+        static nxXMLValueDescription DescribeValue() { return nxXMLFields::ValueOf<Value>::Describe(); }
 
     private:
         std::optional<Value>& _value;
@@ -100,8 +110,11 @@ namespace {
     public:
         explicit OtherName(Value& value) : _value(value) {}
 
+        static constexpr bool IsReadOnly = true;
+
         static bool IsWritten() { return false; }
         void AppendText(std::string& /*text*/) const {}
+        static nxXMLValueDescription DescribeValue() { return nxXMLFields::ValueOf<Value>::Describe(); }
         nxErrorEnum FromText(std::string_view text) { return nxXMLFields::FromText(text, _value); }
 
     private:
@@ -231,6 +244,12 @@ void nxSyntheticSpreadOrderSpecLeg_XML::_Write(nxXMLSink& sink) {
         _payupMethod = PayupMethod::Plain;
     PayupForms payup = PayupForms::Of(*this);
     Fields::Visit(*this, payup, nxXMLFields::Writer(sink));
+}
+
+std::vector<nxXMLFieldDescription> nxSyntheticSpreadOrderSpecLeg_XML::_Describe() {
+    nxSyntheticSpreadOrderSpecLeg_XML none;
+    PayupForms payup;
+    return nxXMLFields::Describe([&none, &payup](auto& field) { Fields::Visit(none, payup, field); });
 }
 
 nxErrorEnum nxSyntheticSpreadOrderSpecLeg_XML::ConvertFromXML(nxXMLElement& element,

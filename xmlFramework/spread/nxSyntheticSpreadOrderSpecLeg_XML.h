@@ -15,9 +15,11 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 class nxXMLNode;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 struct nxXMLItem;
 struct nxXMLReadContext;
 
@@ -120,6 +122,7 @@ private:
 
     nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context);
     void _Write(nxXMLSink& sink);
+    static std::vector<nxXMLFieldDescription> _Describe();
     struct PayupForms;
 
     struct SensitivityBand {

@@ -24,18 +24,17 @@ namespace {
 
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
             const std::size_t before = _legs.size();
-            const nxErrorEnum result = TheList().ReadFrom(node, context);
+            const nxErrorEnum result = GetList().ReadFrom(node, context);
             if (!result.IsOK())
                 nxWriteLog({nxLogLevels::Error, SourceFile}, context.logPrefix,
                            "Failed to convert XML data to spread spec. Failed to convert leg #",
                            static_cast<unsigned int>(_legs.size() - before), " from XML element");
             return result;
         }
-        void WriteTo(nxXMLSink& sink, std::string_view name) const { TheList().WriteTo(sink, name); }
+        void WriteTo(nxXMLSink& sink, std::string_view name) const { GetList().WriteTo(sink, name); }
+        auto GetList() const { return nxXMLFields::ListOf<nxXMLFields::ByNumber>("Leg-", _legs); }
 
     private:
-        auto TheList() const { return nxXMLFields::ListOf<nxXMLFields::ByNumber>("Leg-", _legs); }
-
         Legs& _legs;
     };
 
@@ -47,6 +46,8 @@ namespace {
 } // namespace
 
 struct nxSyntheticSpreadOrderSpec_XML::Fields {
+    static constexpr const char* Root = "SyntheticSpreadSpec";
+
     template <class Record, class Visitor>
     static void Visit(Record& record, Visitor&& field) {
         field("SpecName", record._specName);
@@ -87,21 +88,25 @@ bool nxSyntheticSpreadOrderSpec_XML::operator==(const nxSyntheticSpreadOrderSpec
 
 nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertFromXML(const std::string& xml,
                                                            const std::string& logPrefix) {
-    nxXMLTree tree;
-    const nxErrorEnum loaded = nxXMLConversion::Load(
-        tree, xml, {nxLogLevels::Error, SourceFile}, logPrefix,
-        "Failed to convert XML data to spread spec. Unable to create XML document from XML string");
-    if (!loaded.IsOK())
-        return nxErrorEnum::InvalidData;
-
-    return nxXMLFields::ReadInDocumentOrder(tree.GetRoot(), {logPrefix},
-                                            [this](auto& field) { Fields::Visit(*this, field); });
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+            return nxXMLFields::ReadInDocumentOrder(root, context,
+                                                    [this](auto& field) { Fields::Visit(*this, field); });
+        });
 }
 
 nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertToXML(std::string& xmlOut, const std::string&) {
-    return nxXMLConversion::Save("SyntheticSpreadSpec", xmlOut, [this](nxXMLSink& sink) {
-        Fields::Visit(*this, nxXMLFields::Writer(sink));
-    });
+    return nxXMLConversion::Save(
+        Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
+}
+
+nxXMLDescription nxSyntheticSpreadOrderSpec_XML::GetDocumentDescription() const {
+    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
 }
 
 nxUnsignedValueWrapper nxSyntheticSpreadOrderSpec_XML::GetDataCategoryTypeID() {

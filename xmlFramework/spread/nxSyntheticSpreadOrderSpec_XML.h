@@ -30,6 +30,7 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxSyntheticSpreadOrderSpec_XML* CopyInstance() const override;
+    nxXMLDescription GetDocumentDescription() const override;
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxSyntheticSpreadOrderSpec_XML& other) const; // in the settings of the legs, too

@@ -7,6 +7,8 @@
 #include "xmlFramework/xml/nxXMLDOMTree.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
 #include "xmlFramework/xml/nxXMLElementSink.h"
+#include "xmlFramework/xml/nxXMLNotes.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 #include "xmlFramework/xml/nxXMLScanner.h"
 #include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLTextSink.h"
@@ -50,17 +52,27 @@ struct nxXMLTreeLoader {
     }
 };
 
-nxErrorEnum nxXMLConversion::Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
-                                  const std::string& logPrefix, const char* message) {
-    if (NX_HAS_SCANNER && nxXMLScanner::Fill(tree, xml)) {
+nxXMLConversion::Reading::Reading(const std::string& xml, const Source& source)
+    : _source(source),
+      _notes(nxXMLReport::GetListening() ? std::make_unique<nxXMLNotes>() : nullptr), _context{
+                                                                                          source.logPrefix,
+                                                                                          _notes.get()} {
+    if (_notes)
+        _tree.WatchLostTexts();
+    if (NX_HAS_SCANNER && nxXMLScanner::Fill(_tree, xml)) {
         nxXMLSession::Get().NextBufferNumber(); // so that later messages of the parser have the same numbers
-        return nxErrorEnum::OK;
+        return;
     }
+    _result = nxXMLTreeLoader::Load(xml, _tree);
+    if (!_result.IsOK())
+        nxWriteLog(source.site, source.logPrefix, source.message);
+}
 
-    const nxErrorEnum result = nxXMLTreeLoader::Load(xml, tree);
-    if (!result.IsOK())
-        nxWriteLog(site, logPrefix, message);
-    return result;
+nxXMLConversion::Reading::~Reading() = default;
+
+void nxXMLConversion::Reading::Report() const {
+    if (_notes)
+        _notes->Report(_tree, _source.root, *nxXMLReport::GetListening());
 }
 
 nxErrorEnum nxXMLConversion::Save(std::string_view rootName, std::string& xmlOut,

@@ -5,21 +5,68 @@
 
 #include "include/nxErrorEnum.h"
 #include "include/nxWriteLog.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 #include "xmlFramework/xml/nxXMLItem.h"
 #include "xmlFramework/xml/nxXMLSink.h"
 #include "xmlFramework/xml/nxXMLTree.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
 class nxXMLElement;
+class nxXMLNotes;
 
 // Between records and what their texts come from and go to. Private to the library.
 namespace nxXMLConversion {
-    // Loads `xml` into the tree. On failure logs the prefix and the record's message, and returns why.
-    nxErrorEnum Load(nxXMLTree& tree, const std::string& xml, const nxLogSite& site,
-                     const std::string& logPrefix, const char* message);
+    // What a record says of itself where it reads a document.
+    struct Source {
+        const char* root; // its document element's name
+        nxLogSite site;
+        const std::string& logPrefix; // for the record's own messages
+        const char* message;          // logged, behind the prefix, when the text is no document
+    };
+
+    // A document while a record is read from it.
+    class Reading {
+    public:
+        Reading(const std::string& xml, const Source& source);
+        ~Reading();
+        Reading(const Reading&) = delete;
+        Reading& operator=(const Reading&) = delete;
+
+        const nxErrorEnum& GetResult() const { return _result; } // of parsing the text
+        nxXMLNode GetRoot() const { return _tree.GetRoot(); }
+        const nxXMLReadContext& GetContext() const { return _context; }
+        // Tells what came of it to who listens.
+        void Report() const;
+
+    private:
+        const Source& _source;
+        nxXMLTree _tree;
+        std::unique_ptr<nxXMLNotes> _notes; // when somebody listens
+        nxXMLReadContext _context;
+        nxErrorEnum _result;
+    };
+
+    // Reads a record: parses the text and hands the root to read(node, context), whose result it is. For a
+    // text that is no document, `failed(result)`, nothing having been read.
+    template <class Read, class Failed>
+    nxErrorEnum ReadDocument(const std::string& xml, const Source& source, Read read, Failed failed) {
+        const Reading reading(xml, source);
+        if (!reading.GetResult().IsOK())
+            return failed(reading.GetResult());
+        const nxErrorEnum result = read(reading.GetRoot(), reading.GetContext());
+        reading.Report();
+        return result;
+    }
+    // The same, with nxErrorEnum::InvalidData for a text that is no document.
+    template <class Read>
+    nxErrorEnum ReadDocument(const std::string& xml, const Source& source, Read read) {
+        return ReadDocument(xml, source, read,
+                            [](const nxErrorEnum&) -> nxErrorEnum { return nxErrorEnum::InvalidData; });
+    }
 
     // Writes a document to `xmlOut`: a root element of that name with what `fill` writes in it. On failure
     // `xmlOut` is untouched: nxErrorEnum::XMLTextNotCarried, logged, when something cannot be carried.

@@ -9,15 +9,20 @@
 #include "include/nxErrorEnum.h"
 #include "include/nxValueWrapper.h"
 #include "include/nxWriteLog.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 #include "xmlFramework/xml/nxXMLItem.h"
+#include "xmlFramework/xml/nxXMLNotes.h"
 #include "xmlFramework/xml/nxXMLSink.h"
 #include "xmlFramework/xml/nxXMLTree.h"
 
 #include <concepts>
+#include <limits>
+#include <span>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 // The verbs with which records read and write their fields. Private to the library.
 //
@@ -69,6 +74,30 @@ namespace nxXMLFields {
     concept IsRequired = T::IsRequired;
     template <class T>
     concept IsList = T::IsList;
+    // A field that is never written.
+    template <class T>
+    constexpr bool IsReadOnly = requires {
+        requires T::IsReadOnly;
+    };
+    template <class T>
+    constexpr bool IsAttribute = requires {
+        requires T::IsAttribute;
+    };
+    // A field that says itself what its text may be.
+    template <class T>
+    concept DescribesItself = requires {
+        { T::DescribeValue() } -> std::same_as<nxXMLValueDescription>;
+    };
+    // A field that is made of a list.
+    template <class T>
+    concept WrapsList = requires(const T& field) {
+        field.GetList().GetItemName();
+    };
+
+    // Handed along with a field: it tells an item from the others of its list.
+    struct Key {};
+    template <class... Traits>
+    constexpr bool HasKey = (std::derived_from<Traits, Key> || ...);
 
     // ---- The text of a value in a document
 
@@ -88,6 +117,47 @@ namespace nxXMLFields {
     void AppendText(std::string& text, const T& value) {
         nxStringHelper::AppendAsString(text, value);
     }
+
+    // What a text in a document may be that stands for a value.
+    template <class T>
+    nxXMLValueDescription DescribeNumber(std::vector<std::string> texts = {}) {
+        using Limits = std::numeric_limits<T>;
+        return {nxXMLValueDescription::Type::Number, nxStringHelper::GetAsString(Limits::min()),
+                nxStringHelper::GetAsString(Limits::max()), std::move(texts)};
+    }
+    inline nxXMLValueDescription DescribeEnumeration(std::span<const nxEnumRow> rows,
+                                                     std::string_view nxEnumRow::*text = &nxEnumRow::name) {
+        nxXMLValueDescription description{nxXMLValueDescription::Type::Enumeration, {}, {}, {}};
+        for (const nxEnumRow& row : rows)
+            description.texts.emplace_back(row.*text);
+        return description;
+    }
+
+    template <class T>
+    struct ValueOf { // a text
+        static nxXMLValueDescription Describe() {
+            if constexpr (DescribesItself<T>)
+                return T::DescribeValue();
+            else if constexpr (std::same_as<T, bool>)
+                return {nxXMLValueDescription::Type::Flag, {}, {}, {}};
+            else if constexpr (std::integral<T>)
+                return DescribeNumber<T>();
+            else if constexpr (std::derived_from<T, nxEnum>)
+                return DescribeEnumeration(T::Rows());
+            else if constexpr (std::same_as<T, nxDecimal>)
+                return {nxXMLValueDescription::Type::Decimal, {}, {}, {}};
+            else if constexpr (std::same_as<T, nxTime>)
+                return {nxXMLValueDescription::Type::Time, {}, {}, {}};
+            else {
+                static_assert(std::convertible_to<T, std::string_view>, "say what the field's text may be");
+                return {};
+            }
+        }
+    };
+    template <class T, T Null, T NoChange>
+    struct ValueOf<nxValueWrapper<T, Null, NoChange>> {
+        static nxXMLValueDescription Describe() { return DescribeNumber<T>({"NULL", "NO_CHANGE"}); }
+    };
 
     // The value that a text in a document stands for. On failure the value is untouched.
     inline nxErrorEnum FromText(std::string_view text, nxDecimal& value) {
@@ -137,6 +207,7 @@ namespace nxXMLFields {
     class Required {
     public:
         static constexpr bool IsRequired = true;
+        static constexpr bool IsAttribute = nxXMLFields::IsAttribute<std::remove_cvref_t<T>>;
 
         explicit Required(T&& value) : _value(std::forward<T>(value)) {}
 
@@ -148,6 +219,7 @@ namespace nxXMLFields {
             return _value.ReadFrom(parent, name, context);
         }
         const std::remove_cvref_t<T>& Get() const { return _value; }
+        static nxXMLValueDescription DescribeValue() { return ValueOf<std::remove_cvref_t<T>>::Describe(); }
 
     private:
         T _value;
@@ -155,27 +227,60 @@ namespace nxXMLFields {
     template <class T>
     Required(T&&) -> Required<T>;
 
+    // What the record holds, as its document would say it; nothing for a list.
+    template <class T>
+    std::string HeldText(const T& field) {
+        if constexpr (HasCondition<T>) {
+            if (!field.IsWritten())
+                return {};
+        }
+        if constexpr (IsRequired<T>)
+            return HeldText(field.Get());
+        else if constexpr (IsList<T>)
+            return {};
+        else if constexpr (std::convertible_to<const T&, std::string_view>)
+            return std::string(std::string_view(field));
+        else {
+            std::string text;
+            AppendText(text, field);
+            return text;
+        }
+    }
+
     // An attribute of the record's own element. One that is not there reads as the empty text.
     template <class T>
     class Attribute {
     public:
+        static constexpr bool IsAttribute = true;
+
         explicit Attribute(T& value) : _value(value) {}
 
         nxErrorEnum ReadFrom(const nxXMLNode& parent, std::string_view name,
-                             const nxXMLReadContext& /*context*/) {
-            return FromText(parent.GetAttribute(name), _value);
+                             const nxXMLReadContext& context) {
+            const nxErrorEnum result = FromText(parent.GetAttribute(name), _value);
+            if (context.notes) [[unlikely]]
+                Note(parent, name, *context.notes, result);
+            return result;
         }
         void WriteTo(nxXMLSink& sink, std::string_view name) const {
             if constexpr (std::convertible_to<T, std::string_view>)
                 sink.Attribute(name, _value);
             else {
                 std::string text;
-                AppendText(text, _value);
+                nxXMLFields::AppendText(text, _value);
                 sink.Attribute(name, text);
             }
         }
+        void AppendText(std::string& text) const { text += HeldText(_value); }
+        static nxXMLValueDescription DescribeValue() { return ValueOf<std::remove_const_t<T>>::Describe(); }
 
     private:
+        void Note(const nxXMLNode& parent, std::string_view name, nxXMLNotes& notes,
+                  const nxErrorEnum& result) const {
+            if (!result.IsOK())
+                notes.IsNoValue(parent, name, DescribeValue(), HeldText(_value));
+        }
+
         T& _value;
     };
 
@@ -192,6 +297,9 @@ namespace nxXMLFields {
             const nxErrorEnum result = nxStringHelper::SetFromString(text, number);
             _value = result.IsOK() ? number : Wrapper::NullValue;
             return result;
+        }
+        static nxXMLValueDescription DescribeValue() {
+            return DescribeNumber<std::remove_const_t<decltype(Wrapper::NullValue)>>();
         }
 
     private:
@@ -226,7 +334,9 @@ namespace nxXMLFields {
                 if (!field.IsWritten())
                     return;
             }
-            if constexpr (WritesItself<T>)
+            if constexpr (requires { field.WriteTo(_sink, name, _afterFailure); })
+                field.WriteTo(_sink, name, _afterFailure);
+            else if constexpr (WritesItself<T>)
                 field.WriteTo(_sink, name);
             else if constexpr (std::convertible_to<const T&, std::string_view>)
                 _sink.Field(name, field);
@@ -245,15 +355,18 @@ namespace nxXMLFields {
     // What the readers have in common: reads one field from the node that was found for it.
     class FieldReader {
     public:
-        explicit FieldReader(const nxXMLReadContext& context, AfterFailure afterFailure = AfterFailure::GoOn)
-            : _context(context), _afterFailure(afterFailure) {}
+        explicit FieldReader(const nxXMLNode& parent, const nxXMLReadContext& context,
+                             AfterFailure afterFailure = AfterFailure::GoOn)
+            : _parent(parent), _context(context), _afterFailure(afterFailure) {}
 
         // That of the first required field, or item of a list, that failed.
         const nxErrorEnum& GetResult() const { return _result; }
         // Logs `message` with the field that failed and why, if one did.
         const nxErrorEnum& GetResultLogged(const nxLogSite& site, const char* message) const {
             if (!_result.IsOK())
-                nxWriteLog(site, message, std::string(_failed), ": ", _result.GetShortDescription());
+                nxWriteLog(
+                    site, message, [this] { return std::string(_failed); }, ": ",
+                    [this] { return _result.GetShortDescription(); });
             return _result;
         }
 
@@ -265,22 +378,68 @@ namespace nxXMLFields {
         bool IsWanted() const {
             return _result.IsOK() || (!Counts<T> && _afterFailure == AfterFailure::GoOn);
         }
+        // To be called for every field, whether or not it is going to be read.
         template <class T>
-        void Read(const nxXMLNode& node, std::string_view name, T& field) {
-            Take<T>(ReadValue(node, field, _context), name);
+        void Ask(std::string_view name, const T& field) {
+            if (_context.notes) [[unlikely]]
+                NoteAsked(name, field, *_context.notes);
         }
-        template <class T>
-        void ReadChildren(const nxXMLNode& parent, std::string_view name, T& field) {
-            Take<T>(field.ReadFrom(parent, name, _context), name);
+        template <class... Traits, class T>
+        void Read(const nxXMLNode& node, std::string_view name, T& field) {
+            const nxErrorEnum result = ReadValue(node, field, _context);
+            if (_context.notes && node.IsValid()) [[unlikely]]
+                NoteRead(node, name, field, result, HasKey<Traits...>, *_context.notes);
+            Take<T>(result, name);
+        }
+        template <class... Traits, class T>
+        void ReadFromParent(std::string_view name, T& field) {
+            const nxErrorEnum result = field.ReadFrom(_parent, name, _context);
+            if (_context.notes && HasKey<Traits...>) [[unlikely]]
+                _context.notes->HasKey(_parent, HeldText(field));
+            Take<T>(result, name);
         }
 
+        const nxXMLNode _parent;
+
     private:
+        template <class T>
+        [[gnu::noinline]] void NoteAsked(std::string_view name, const T& field, nxXMLNotes& notes) {
+            if constexpr (IsList<T> && ReadsParent<T>)
+                return; // the list does
+            bool isWritten = true;
+            if constexpr (HasCondition<T>)
+                isWritten = field.IsWritten();
+            const auto kind = IsAttribute<T> ? nxXMLNotes::Kind::Attribute
+                              : IsList<T>    ? nxXMLNotes::Kind::List
+                                             : nxXMLNotes::Kind::Element;
+            notes.Asks(_parent, {std::string(name), kind, {}, isWritten, HeldText(field)});
+        }
+        template <class T>
+        [[gnu::noinline]] void NoteRead(const nxXMLNode& node, std::string_view name, const T& field,
+                                        const nxErrorEnum& result, bool isKey, nxXMLNotes& notes) {
+            notes.Takes(_parent, name, node, !IsList<T>);
+            if constexpr (!IsList<T>) {
+                std::string held = HeldText(field);
+                if (isKey)
+                    notes.HasKey(_parent, held);
+                if (!result.IsOK() && held != node.GetText())
+                    notes.IsNoValue(node, {}, ValueOf<T>::Describe(), std::move(held));
+            }
+        }
+
+        void NoteFailed(std::string_view name, nxXMLNotes& notes) const {
+            notes.Ends(_parent, "what stands before it could not be read: '" + std::string(name) + "'");
+        }
+
         template <class T>
         void Take(const nxErrorEnum& result, std::string_view name) {
             if (!Counts<T> || result.IsOK())
                 return;
             _result = result;
             _failed = name;
+            if (_context.notes) [[unlikely]]
+                _context.notes->Ends(_parent,
+                                     "what stands before it could not be read: '" + std::string(name) + "'");
         }
 
         const nxXMLReadContext& _context;
@@ -294,17 +453,18 @@ namespace nxXMLFields {
     public:
         explicit Reader(const nxXMLNode& parent, const nxXMLReadContext& context,
                         AfterFailure afterFailure = AfterFailure::GoOn)
-            : FieldReader(context, afterFailure), _parent(parent), _next(parent.GetFirstChild()) {}
+            : FieldReader(parent, context, afterFailure), _next(parent.GetFirstChild()) {}
 
-        template <class T>
-        void operator()(std::string_view name, T&& field) {
+        template <class T, class... Traits>
+        void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
             using Field = std::remove_cvref_t<T>;
+            Ask(name, field);
             if (!IsWanted<Field>())
                 return;
             if constexpr (ReadsParent<Field>)
-                ReadChildren(_parent, name, field);
+                ReadFromParent<Traits...>(name, field);
             else
-                Read(Find(name), name, field);
+                Read<Traits...>(Find(name), name, field);
         }
 
     private:
@@ -316,7 +476,6 @@ namespace nxXMLFields {
             return found;
         }
 
-        nxXMLNode _parent;
         // Documents mostly have their children in the fields' order. All children before this one were those
         // of other fields, so this one is the first of its name.
         nxXMLNode _next;
@@ -327,16 +486,16 @@ namespace nxXMLFields {
     class NextReader : public FieldReader {
     public:
         explicit NextReader(const nxXMLNode& parent, const nxXMLReadContext& context)
-            : FieldReader(context), _parent(parent) {}
+            : FieldReader(parent, context) {}
 
-        template <class T>
-        void operator()(std::string_view name, T&& field) {
+        template <class T, class... Traits>
+        void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
+            Ask(name, field);
             _found = _found.IsValid() ? _found.FindNext(name) : _parent.FindChild(name);
-            Read(_found, name, field);
+            Read<Traits...>(_found, name, field);
         }
 
     private:
-        nxXMLNode _parent;
         nxXMLNode _found;
     };
 
@@ -344,7 +503,7 @@ namespace nxXMLFields {
     class Walk : public FieldReader {
     public:
         explicit Walk(const nxXMLNode& parent, const nxXMLReadContext& context)
-            : FieldReader(context), _child(parent.GetFirstChild()) {}
+            : FieldReader(parent, context), _child(parent.GetFirstChild()) {}
 
         bool AtEnd() const { return !_child.IsValid(); }
         const nxXMLNode& GetChild() const { return _child; }
@@ -352,9 +511,10 @@ namespace nxXMLFields {
 
         template <class T, class... Traits>
         void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
+            Ask(name, field);
             for (; _child.HasName(name); Advance()) {
                 if (IsWanted<std::remove_cvref_t<T>>())
-                    Read(_child, name, field);
+                    Read<Traits...>(_child, name, field);
             }
         }
 
@@ -373,6 +533,8 @@ namespace nxXMLFields {
     nxErrorEnum ReadInDocumentOrder(const nxXMLNode& parent, const nxXMLReadContext& context,
                                     VisitFields visitFields) {
         Walk walk(parent, context);
+        if (context.notes && walk.AtEnd()) [[unlikely]]
+            visitFields(walk); // for the notes of what is looked for
         while (!walk.AtEnd()) {
             const nxXMLNode before = walk.GetChild();
             visitFields(walk);
@@ -380,5 +542,64 @@ namespace nxXMLFields {
                 walk.Advance();
         }
         return walk.GetResult();
+    }
+
+    // Describes each field. What the record holds makes no difference.
+    class Describer {
+    public:
+        template <class T, class... Traits>
+        void operator()(std::string_view name, const T& field, const Traits&... /*traits*/) {
+            nxXMLFieldDescription description;
+            description.isKey = HasKey<Traits...>;
+            if constexpr (WrapsList<T>)
+                AddList(name, field.GetList(), std::move(description));
+            else if constexpr (IsList<T>)
+                AddList(name, field, std::move(description));
+            else
+                AddText<T>(name, std::move(description));
+        }
+
+        std::vector<nxXMLFieldDescription> Take() { return std::move(_fields); }
+
+    private:
+        template <class T>
+        void AddText(std::string_view name, nxXMLFieldDescription description) {
+            using Kind = nxXMLFieldDescription::Kind;
+            description.name = name;
+            description.kind = IsAttribute<T> ? Kind::Attribute : Kind::Element;
+            description.value = ValueOf<T>::Describe();
+            description.isRequired = IsRequired<T>;
+            description.isReadOnly = IsReadOnly<T>;
+            description.isAlwaysWritten = !HasCondition<T>;
+            _fields.push_back(std::move(description));
+        }
+        template <class List>
+        void AddList(std::string_view name, const List& list, nxXMLFieldDescription description) {
+            using Item = typename List::Item;
+            using Kind = nxXMLFieldDescription::Kind;
+            description.kind = List::IsInline ? Kind::Items : Kind::List;
+            description.isAlwaysWritten = !List::IsInline;
+            if constexpr (List::IsInline)
+                description.itemName = name;
+            else {
+                description.name = name;
+                description.itemName = list.GetItemName();
+            }
+            description.itemNames = List::Kind::ItemNames;
+            description.endsAtOthers = List::Kind::EndsAtOthers;
+            if constexpr (!std::same_as<Item, std::string>)
+                description.itemFields = nxXMLItem::Describe<Item>();
+            _fields.push_back(std::move(description));
+        }
+
+        std::vector<nxXMLFieldDescription> _fields;
+    };
+
+    // What `visitFields` hands to the visitor it is given.
+    template <class VisitFields>
+    std::vector<nxXMLFieldDescription> Describe(VisitFields visitFields) {
+        Describer describer;
+        visitFields(describer);
+        return describer.Take();
     }
 } // namespace nxXMLFields

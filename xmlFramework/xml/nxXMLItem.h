@@ -6,16 +6,20 @@
 #include "include/nxErrorEnum.h"
 
 #include <string>
+#include <vector>
 
 class nxXMLNode;
+class nxXMLNotes;
 class nxXMLSink;
+struct nxXMLFieldDescription;
 
 // What reading a record needs besides its node.
 struct nxXMLReadContext {
     const std::string& logPrefix; // for the record's own messages
+    nxXMLNotes* notes = nullptr;  // when somebody wants to know what becomes of each element
 };
 
-// The way from a list to its items, which keep these two to themselves. Private to the library.
+// The way from a list to its items, which keep these to themselves. Private to the library.
 struct nxXMLItem {
     template <class Item>
     static nxErrorEnum Read(Item& item, const nxXMLNode& node, const nxXMLReadContext& context) {
@@ -24,5 +28,9 @@ struct nxXMLItem {
     template <class Item>
     static void Write(Item& item, nxXMLSink& sink) {
         item._Write(sink);
+    }
+    template <class Item>
+    static std::vector<nxXMLFieldDescription> Describe() {
+        return Item::_Describe();
     }
 };

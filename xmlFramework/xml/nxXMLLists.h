@@ -27,6 +27,7 @@ namespace nxXMLFields {
 
     // Those of the items' name, whatever stands between them.
     struct Named {
+        static constexpr auto ItemNames = nxXMLFieldDescription::ItemNames::Fixed;
         static constexpr bool EndsAtOthers = false;
         static bool IsItem(const nxXMLNode& child, std::string_view name) { return child.HasName(name); }
     };
@@ -36,12 +37,14 @@ namespace nxXMLFields {
     };
     // All, whatever their names. They are written with the items' name.
     struct Any {
+        static constexpr auto ItemNames = nxXMLFieldDescription::ItemNames::Any;
         static constexpr bool EndsAtOthers = false;
         static bool IsItem(const nxXMLNode& /*child*/, std::string_view /*name*/) { return true; }
     };
     // Those whose name is the items' name and a key: "MICDefinition-XOSL". The first child of another name
     // ends them. Reading takes the key from the item, whatever stands in the name.
     struct ByKey {
+        static constexpr auto ItemNames = nxXMLFieldDescription::ItemNames::WithKey;
         static constexpr bool EndsAtOthers = true;
         static bool IsItem(const nxXMLNode& child, std::string_view name) {
             return child.GetName().size() > name.size() && child.GetName().starts_with(name);
@@ -49,7 +52,10 @@ namespace nxXMLFields {
     };
     // Those whose name is the items' name and a number, counted from 0: "Leg-0". They are read in the order
     // of their numbers; the first number that is missing ends them.
-    struct ByNumber {};
+    struct ByNumber {
+        static constexpr auto ItemNames = nxXMLFieldDescription::ItemNames::WithNumber;
+        static constexpr bool EndsAtOthers = false;
+    };
 
     // ---- How containers take and give items
 
@@ -88,11 +94,12 @@ namespace nxXMLFields {
     }
 
     // A container of items as a list sees it: Holder, Add, and a range of holders. A record's own class may
-    // stand in for one.
+    // stand in for one. Add may give a reason why the item, or another one for it, is not in the container
+    // now; null for none.
     template <class Container>
     struct Access {
         using Holder = typename Container::Holder;
-        static void Add(Container& items, Holder item) { items.Add(std::move(item)); }
+        static auto Add(Container& items, Holder item) { return items.Add(std::move(item)); }
         static decltype(auto) Range(const Container& items) { return items.Range(); }
     };
     template <class T>
@@ -154,10 +161,12 @@ namespace nxXMLFields {
 
         KeyedBy(KeyOf keyOf, Map& map) : _keyOf(keyOf), _map(map) {}
 
-        void Add(Holder item) {
+        const char* Add(Holder item) {
             const auto& key = std::invoke(_keyOf, *ItemOf(item));
+            const std::size_t before = _map.size();
             // Documents mostly have their items in order.
             _map.try_emplace(_map.end(), key, std::move(item));
+            return _map.size() == before ? "left out, as there is one of the same key before it" : nullptr;
         }
         const Map& Range() const { return _map; }
 
@@ -200,16 +209,21 @@ namespace nxXMLFields {
         ItemsOf(Container& items, OnWrite onWrite) : _items(items), _onWrite(onWrite) {}
 
         nxErrorEnum Read(const nxXMLNode& parent, std::string_view name, const nxXMLReadContext& context) {
+            if (context.notes) [[unlikely]]
+                context.notes->Asks(
+                    parent, {std::string(name), nxXMLNotes::Kind::Items, Children::ItemNames, false, {}});
             if constexpr (std::same_as<Children, ByNumber>)
                 return ReadByNumber(parent, name, context);
             else
                 return ReadInOrder(parent, name, context);
         }
 
-        void Write(nxXMLSink& sink, std::string_view name) const {
+        void Write(nxXMLSink& sink, std::string_view name, AfterFailure afterFailure) const {
             std::string itemName(name);
             std::size_t number = 0;
             for (auto&& entry : Access<Mutable>::Range(_items)) {
+                if (afterFailure == AfterFailure::Stop && !sink.IsOK())
+                    return;
                 auto* const item = ItemOf(HolderOf(entry));
                 if (!item)
                     continue;
@@ -226,13 +240,44 @@ namespace nxXMLFields {
 
     private:
         using Mutable = std::remove_const_t<Container>;
+        using Holder = typename Access<Mutable>::Holder;
 
-        nxErrorEnum ReadOne(const nxXMLNode& node, const nxXMLReadContext& context) {
-            auto item = NewItem<typename Access<Mutable>::Holder>();
+        nxErrorEnum ReadOne(const nxXMLNode& node, const nxXMLNode& parent, std::string_view name,
+                            const nxXMLReadContext& context) {
+            auto item = NewItem<Holder>();
             const nxErrorEnum result = ReadItem(*ItemOf(item), node, context);
+            const char* problem = nullptr;
             if (result.IsOK())
-                Access<Mutable>::Add(_items, std::move(item));
+                problem = Add(std::move(item));
+            if (context.notes) [[unlikely]]
+                NoteItem(node, parent, name, *context.notes, result, problem);
             return result;
+        }
+
+        const char* Add(Holder item) {
+            if constexpr (std::same_as<decltype(Access<Mutable>::Add(_items, std::move(item))), const char*>)
+                return Access<Mutable>::Add(_items, std::move(item));
+            else {
+                Access<Mutable>::Add(_items, std::move(item));
+                return nullptr;
+            }
+        }
+
+        [[gnu::noinline]] static void NoteItem(const nxXMLNode& node, const nxXMLNode& parent,
+                                               std::string_view name, nxXMLNotes& notes,
+                                               const nxErrorEnum& result, const char* problem) {
+            notes.Takes(parent, name, node, std::same_as<Holder, std::string>);
+            if (result.IsOK() && !problem)
+                return;
+            notes.IsLeftOut(
+                node, problem ? problem : "left out, as it cannot be read: " + result.GetShortDescription());
+            if (!result.IsOK())
+                notes.Ends(parent, "left out, as one before it cannot be read");
+        }
+        [[gnu::noinline]] static void NoteEnd(const nxXMLNode& parent, std::string_view name,
+                                              const nxXMLReadContext& context, const char* what) {
+            if (context.notes)
+                context.notes->Ends(parent, "left out, as '" + std::string(name) + "' before it " + what);
         }
 
         // Room for as many items as there are children.
@@ -250,11 +295,12 @@ namespace nxXMLFields {
             Reserve(parent);
             for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
                 if (!Children::IsItem(child, name)) {
-                    if (Children::EndsAtOthers)
-                        break;
-                    continue;
+                    if (!Children::EndsAtOthers)
+                        continue;
+                    NoteEnd(parent, child.GetName(), context, "is none, which ends the items");
+                    break;
                 }
-                const nxErrorEnum result = ReadOne(child, context);
+                const nxErrorEnum result = ReadOne(child, parent, name, context);
                 if (!result.IsOK())
                     return result;
             }
@@ -278,9 +324,11 @@ namespace nxXMLFields {
                     const auto found = others.find(wanted);
                     child = found != others.end() ? found->second : nxXMLNode();
                 }
-                if (!child.IsValid())
+                if (!child.IsValid()) {
+                    NoteEnd(parent, wanted, context, "is missing, which ends the items");
                     return nxErrorEnum::OK;
-                const nxErrorEnum result = ReadOne(child, context);
+                }
+                const nxErrorEnum result = ReadOne(child, parent, name, context);
                 if (!result.IsOK())
                     return result;
                 child = child.GetNext();
@@ -308,6 +356,7 @@ namespace nxXMLFields {
     class List : public ListTraits<Container, Children> {
     public:
         static constexpr bool IsList = true;
+        static constexpr bool IsInline = false;
 
         List(std::string_view itemName, Container& items, OnWrite onWrite)
             : _itemName(itemName), _items(items, onWrite) {}
@@ -317,9 +366,10 @@ namespace nxXMLFields {
         nxErrorEnum ReadFrom(const nxXMLNode& node, const nxXMLReadContext& context) {
             return _items.Read(node, _itemName, context);
         }
-        void WriteTo(nxXMLSink& sink, std::string_view name) const {
+        void WriteTo(nxXMLSink& sink, std::string_view name,
+                     AfterFailure afterFailure = AfterFailure::GoOn) const {
             sink.Start(name);
-            _items.Write(sink, _itemName);
+            _items.Write(sink, _itemName, afterFailure);
             sink.End();
         }
 
@@ -333,6 +383,7 @@ namespace nxXMLFields {
     class InlineList : public ListTraits<Container, Children> {
     public:
         static constexpr bool IsList = true;
+        static constexpr bool IsInline = true;
 
         explicit InlineList(Container& items) : _items(items, {}) {}
 
@@ -340,7 +391,10 @@ namespace nxXMLFields {
                              const nxXMLReadContext& context) {
             return _items.Read(parent, name, context);
         }
-        void WriteTo(nxXMLSink& sink, std::string_view name) const { _items.Write(sink, name); }
+        void WriteTo(nxXMLSink& sink, std::string_view name,
+                     AfterFailure afterFailure = AfterFailure::GoOn) const {
+            _items.Write(sink, name, afterFailure);
+        }
 
     private:
         ItemsOf<Container, Children, DoNothing> _items;

@@ -243,6 +243,7 @@ namespace {
         const char* _Instruction(const char* at);
         const char* _RootElement(const char* at);
         const char* _Markup(const char* at);
+        void _Lose(const char* text, const char* end);
         const char* _StartTag(const char* at);
         const char* _EndTag(const char* at, std::string_view name) const;
         const char* _Attributes(const char* at, Element& element);
@@ -337,7 +338,9 @@ namespace {
             return nullptr;
         at = _StartTag(at);
         while (at && !_open.empty()) {
-            at = _Text(at, nullptr);
+            const char* const text = at;
+            at = _Text(text, nullptr);
+            _Lose(text, at);
             at = at ? _Markup(at) : nullptr;
         }
         return at;
@@ -345,6 +348,7 @@ namespace {
 
     const char* Scanner::_Markup(const char* at) {
         constexpr std::string_view Section = "<![CDATA[";
+        constexpr std::string_view End = "]]>";
         if (_IsAt(at + 1, '/')) {
             const Element& element = *_open.back().element;
             _open.pop_back();
@@ -354,9 +358,18 @@ namespace {
             return _Instruction(at);
         if (!_IsAt(at + 1, '!'))
             return _StartTag(at);
-        if (_IsAt(at, Section))
-            return _BehindNext(at + Section.size(), "]]>");
+        if (_IsAt(at, Section)) {
+            const char* const behind = _BehindNext(at + Section.size(), End);
+            _Lose(at + Section.size(), behind ? behind - End.size() : nullptr);
+            return behind;
+        }
         return _IsAt(at, "<!--") ? _Comment(at) : nullptr;
+    }
+
+    // The text belongs to the innermost element, but is not the one that it has.
+    void Scanner::_Lose(const char* text, const char* end) {
+        if (_tree.WatchesLostTexts() && end && end != text)
+            _tree.AddLostText(*_open.back().element, {text, static_cast<std::size_t>(end - text)});
     }
 
     // With the text behind it, which is the element's, and an end tag right behind that.

@@ -3,7 +3,6 @@
 
 #include "xmlFramework/xml/nxXMLTree.h"
 
-#include <algorithm>
 #include <cstring>
 #include <functional>
 
@@ -45,6 +44,7 @@ void nxXMLTree::Clear() {
     _source = {};
     _elements.Clear();
     _attributes.Clear();
+    _lostTexts.clear();
     _memory.release();
 }
 
@@ -68,19 +68,35 @@ std::string_view nxXMLTree::Keep(std::string_view text) {
     return {kept, text.size()};
 }
 
-nxXMLPlace nxXMLTree::GetPlace(nxXMLNode node) const {
-    if (!node.IsValid())
-        return {};
-    // The name stands behind the "<" of its element.
-    const char* const end = node._element->name - 1;
-    const bool isInSource =
-        std::less_equal<>()(_source.data(), end) && std::less<>()(end, _source.data() + _source.size());
-    if (!isInSource)
-        return {};
+nxXMLPlaces::nxXMLPlaces(std::string_view text) : _at(text.data()) {
+    constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+    if (text.starts_with(ByteOrderMark))
+        _at += ByteOrderMark.size();
+}
 
-    const std::string_view before(_source.data(), static_cast<std::size_t>(end - _source.data()));
-    const std::size_t lineStart = before.rfind('\n') + 1; // npos + 1 is 0
-    const auto lines = std::ranges::count(before, '\n');
-    const auto column = std::ranges::count_if(before.substr(lineStart), std::not_fn(IsContinuation));
-    return {static_cast<std::size_t>(lines) + 1, static_cast<std::size_t>(column) + 1};
+nxXMLPlace nxXMLPlaces::Of(const char* position) {
+    for (; _at < position; ++_at) {
+        if (*_at == '\n') {
+            ++_place.line;
+            _place.column = 1;
+        } else if (!IsContinuation(_at[1]))
+            ++_place.column;
+    }
+    return _place;
+}
+
+const char* nxXMLTree::GetPosition(std::string_view text) const {
+    const bool isInSource = std::less_equal<>()(_source.data(), text.data()) &&
+                            std::less<>()(text.data(), _source.data() + _source.size());
+    return isInSource ? text.data() : nullptr;
+}
+
+const char* nxXMLTree::GetPosition(nxXMLNode node) const {
+    const char* const name = node.IsValid() ? GetPosition(node.GetName()) : nullptr;
+    return name ? name - 1 : nullptr; // the "<" of its tag
+}
+
+nxXMLPlace nxXMLTree::GetPlace(nxXMLNode node) const {
+    const char* const position = GetPosition(node);
+    return position ? nxXMLPlaces(_source).Of(position) : nxXMLPlace();
 }

@@ -17,6 +17,19 @@ struct nxXMLPlace {
     std::size_t column = 0;
 };
 
+// Tells places in a text, one after the other.
+class nxXMLPlaces {
+public:
+    explicit nxXMLPlaces(std::string_view text);
+
+    // `position` is in the text, and not before the last one.
+    nxXMLPlace Of(const char* position);
+
+private:
+    const char* _at;
+    nxXMLPlace _place{1, 1}; // of `_at`
+};
+
 // A handle on one element of an nxXMLTree, to read from; ends with the tree. Every operation may be called on
 // an invalid handle: there is nothing in it.
 class nxXMLNode {
@@ -25,6 +38,7 @@ public:
 
     bool IsValid() const { return _element != nullptr; }
     bool operator==(const nxXMLNode&) const = default; // whether both are the same element
+    const void* GetIdentity() const { return _element; }
 
     std::string_view GetName() const;
     bool HasName(std::string_view name) const { return IsValid() && GetName() == name; }
@@ -75,11 +89,29 @@ public:
 
     // Where the element begins.
     nxXMLPlace GetPlace(nxXMLNode node) const;
+    // The place in the source of an element, or of a name or a text in the tree; null when it is not known.
+    const char* GetPosition(nxXMLNode node) const;
+    const char* GetPosition(std::string_view text) const;
+    std::string_view GetSource() const { return _source; }
+
+    // A text in an element behind its first child node, or in a CDATA section. `text` may still have its
+    // references.
+    struct LostText {
+        nxXMLNode node;
+        std::string_view text;
+    };
+    const std::vector<LostText>& GetLostTexts() const { return _lostTexts; } // those of blanks, too
 
     // ---- Filling
 
     // The text in which all names are found, so that their places in it are those of their elements.
     void SetSource(std::string_view source) { _source = source; }
+    // From now on texts that no node has are kept, too.
+    void WatchLostTexts() { _watchesLostTexts = true; }
+    bool WatchesLostTexts() const { return _watchesLostTexts; }
+    void AddLostText(const Element& element, std::string_view text) {
+        _lostTexts.push_back({nxXMLNode(&element), text});
+    }
     // Empties the tree.
     void Clear();
     // Appends an element as the last child of `parent`, or as the root. `previous` is the parent's last child
@@ -122,6 +154,8 @@ private:
     Blocks<Element> _elements;
     Blocks<Attribute> _attributes;
     std::pmr::monotonic_buffer_resource _memory; // kept texts
+    bool _watchesLostTexts = false;
+    std::vector<LostText> _lostTexts;
 };
 
 // ---- What is small and called for every element

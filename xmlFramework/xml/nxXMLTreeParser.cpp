@@ -65,9 +65,14 @@ void nxXMLTreeParser::endElement(const XMLElementDecl& /*declaration*/, unsigned
 
 void nxXMLTreeParser::docCharacters(const XMLCh* text, XMLSize_t length, bool isCDATA) {
     if (isCDATA)
-        return _TakeOtherChild();
-    if (_open.empty() || _open.back().first == First::Other)
+        _TakeOtherChild();
+    if (_open.empty())
         return;
+    if (_open.back().first == First::Other) {
+        if (_tree.WatchesLostTexts() && nxXMLTextOut::Convert({text, length}, _converted))
+            _tree.AddLostText(*_open.back().element, _tree.Keep(_converted));
+        return;
+    }
     _open.back().first = First::Text;
     if (nxXMLTextOut::Convert({text, length}, _converted))
         _firstText += _converted;
