@@ -19,6 +19,7 @@
 #include "xmlFramework/market/nxTradingHoursSchemeList.h"
 #include "xmlFramework/market/nxUserTextList.h"
 #include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 
 #include <memory>
 #include <string_view>
@@ -207,9 +208,46 @@ namespace {
         return xml;
     }
 
+    // The document with each element on a line of its own.
+    std::string OnLines(std::string xml) {
+        for (std::size_t at = xml.find('<', 1); at != std::string::npos; at = xml.find('<', at + 2)) {
+            if (xml[at + 1] != '/')
+                xml.insert(at, "\n");
+        }
+        return xml;
+    }
+    // Behind the element that starts there.
+    std::size_t EndOf(const std::string& xml, std::size_t start, const std::string& name) {
+        const std::size_t tagEnd = xml.find('>', start) + 1;
+        const std::string endTag = "</" + name + ">";
+        return xml[tagEnd - 2] == '/' ? tagEnd : xml.find(endTag, tagEnd) + endTag.size();
+    }
+
     class AllRecords : public testing::TestWithParam<Kind> {
     protected:
         Record NewRecord() const { return GetParam().make(); }
+        // One a line: place, path and code. Without elements that are merely missing, unless these are asked
+        // for, too.
+        std::string Losses(const std::string& xml, bool withMissing = false) const {
+            nxXMLReport report;
+            const Record record = NewRecord();
+            const nxCollectedLog log;
+            static_cast<void>(report.Read(*record, xml, ""));
+            std::string lines;
+            for (const nxXMLFinding& finding : report.GetFindings()) {
+                if (!finding.IsLoss() && !withMissing)
+                    continue;
+                lines += std::to_string(finding.line) + ":" + std::to_string(finding.column) + " " +
+                         finding.path + " " + finding.GetCode() + "\n";
+            }
+            return lines;
+        }
+        // Whether a record that reads the document writes the text.
+        bool IsTaken(const std::string& text, const std::string& xml) const {
+            const Record record = NewRecord();
+            const nxCollectedLog log;
+            return record->ConvertFromXML(xml, "").IsOK() && Written(*record).find(text) != std::string::npos;
+        }
         std::string RandomDocument() { return Filled(GetParam().form, Fillings(GetParam().form, random)); }
 
         nxRandomText random{1};
@@ -283,6 +321,45 @@ TEST_P(AllRecords, RefuseWhatIsNoDocumentAndKeepWhatTheyHold) {
         ExpectRefused(*record, text, GetParam().subject, GetParam().name,
                       tellsWhy ? nxErrorEnum::XMLParseFailed : nxErrorEnum::InvalidData);
         EXPECT_EQ(Written(*record), emptiesItselfFirst ? Written(*NewRecord()) : xml) << text;
+    }
+}
+
+TEST_P(AllRecords, ReportNothingOfWhatTheyWrite) {
+    for (int round = 0; round < 20; ++round) {
+        const std::string xml = RandomDocument();
+        EXPECT_EQ(Losses(xml, true), "") << xml;
+    }
+}
+
+// Each element in turn is renamed, given an attribute and a bad text, doubled and left out.
+TEST_P(AllRecords, ReportWhateverIsSpoiledWhereItIs) {
+    const std::string xml = OnLines(RandomDocument());
+    ASSERT_EQ(Losses(xml, true), "") << xml;
+    for (std::size_t start = xml.find("\n<") + 1; start != 0; start = xml.find("\n<", start) + 1) {
+        if (xml[start + 1] == '/')
+            continue;
+        const std::string name = xml.substr(start + 1, xml.find_first_of(" />", start) - start - 1);
+        const std::string element = xml.substr(start, EndOf(xml, start, name) - start);
+        const std::string before = xml.substr(0, start), behind = xml.substr(start + element.size());
+        const auto line = std::to_string(std::count(before.begin(), before.end(), '\n') + 1) + ":";
+        const auto lossesOf = [&](const std::string& other) { return Losses(before + other + behind); };
+        const auto isReported = [&](const std::string& other) {
+            return ("\n" + lossesOf(other)).find("\n" + line) != std::string::npos;
+        };
+
+        std::string renamed = element;
+        nxStringHelper::Replace(renamed, "<" + name, "<" + name + "x");
+        nxStringHelper::Replace(renamed, "</" + name, "</" + name + "x");
+        EXPECT_TRUE(isReported(renamed)) << renamed;
+        EXPECT_TRUE(isReported("<" + name + " x='1'" + element.substr(name.size() + 1))) << element;
+        if (!element.ends_with("</" + name + ">") || element.find("\n<") != std::string::npos)
+            continue;
+
+        const std::string bad = Element(name, "-bad-");
+        EXPECT_TRUE(isReported(bad) || IsTaken("-bad-", before + bad + behind)) << element;
+        const bool isItem = xml.find("</" + name + ">\n<" + name + ">") != std::string::npos;
+        EXPECT_EQ(lossesOf(element + "\n" + element).empty(), isItem) << element;
+        EXPECT_EQ(Losses(before + behind, true).empty(), isItem) << element;
     }
 }
 

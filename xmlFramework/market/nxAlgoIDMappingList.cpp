@@ -75,7 +75,7 @@ namespace {
 
         explicit MappingList(nxAlgoIDMappingList::Mappings& mappings) : _mappings(mappings) {}
 
-        void Add(const AlgoMapping& mapping) {
+        const char* Add(const AlgoMapping& mapping) {
             if (!mapping.hasPath)
                 return Refuse("Algo path element was not found");
             if (!mapping.id.IsValid())
@@ -86,6 +86,7 @@ namespace {
             if (!_ids.insert(mapping.id).second)
                 return Refuse("Algo ID is duplicate. Algo ID: ", mapping.id);
             _mappings.emplace(std::move(path), mapping.id);
+            return nullptr;
         }
         auto Range() const {
             return nxXMLFields::MadeFrom(_mappings, [](const auto& entry) {
@@ -95,9 +96,10 @@ namespace {
 
     private:
         template <class... Pieces>
-        static void Refuse(const Pieces&... pieces) {
+        static const char* Refuse(const Pieces&... pieces) {
             nxWriteLog({nxLogLevels::Error, SourceFile}, "Failed to create algo mapping from XML element. ",
                        pieces...);
+            return "left out, as it has no path or no ID, or one that is there already";
         }
 
         nxAlgoIDMappingList::Mappings& _mappings;

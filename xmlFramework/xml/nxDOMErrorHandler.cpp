@@ -6,6 +6,7 @@
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
 #include "xmlFramework/xml/StrX.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 
 #include <xercesc/dom/DOMError.hpp>
 #include <xercesc/dom/DOMLocator.hpp>
@@ -23,10 +24,21 @@ namespace {
             return "DOM Fatal Error";
         }
     }
+
+    void Report(const xercesc::DOMError& error) {
+        nxXMLReport* const report = nxXMLReport::GetListening();
+        if (!report)
+            return;
+        const xercesc::DOMLocator* const place = error.getLocation();
+        report->AddNotWellFormed(place ? static_cast<std::size_t>(place->getLineNumber()) : 0,
+                                 place ? static_cast<std::size_t>(place->getColumnNumber()) : 0,
+                                 StrX(error.getMessage()).Get());
+    }
 } // namespace
 
 bool nxDOMErrorHandler::handleError(const xercesc::DOMError& error) {
     Remember();
+    Report(error);
 
     const auto describe = [&error] {
         const xercesc::DOMLocator* const place = error.getLocation();

@@ -15,6 +15,7 @@
 #include "xmlFramework/xml/nxXMLLimits.h"
 #include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 #include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLText.h"
 #include "xmlFramework/xml/nxXMLTreeParser.h"
@@ -199,7 +200,7 @@ struct nxXMLDocument::State {
     Released<DOMDocument> Parse(const Input& input, std::string_view bytes, const XMLCh* encoding,
                                 nxXMLTree* tree);
     // What is found against an input before the parser sees it counts as if the parser had reported it.
-    nxErrorEnum Refuse(const Input& input, const std::string& problem);
+    nxErrorEnum Refuse(const Input& input, const std::string& problem, const nxXMLPlace& place = {});
     // Says so in the log when there is one.
     nxErrorEnum StickyError() const;
     void Adopt(Released<DOMDocument> newDocument);
@@ -231,7 +232,10 @@ Released<DOMDocument> nxXMLDocument::State::Parse(const Input& input, std::strin
     }
 }
 
-nxErrorEnum nxXMLDocument::State::Refuse(const Input& input, const std::string& problem) {
+nxErrorEnum nxXMLDocument::State::Refuse(const Input& input, const std::string& problem,
+                                         const nxXMLPlace& place) {
+    if (nxXMLReport* const report = nxXMLReport::GetListening())
+        report->AddNotWellFormed(place.line, place.column, problem);
     LogFailure(input.texts, input.subject, problem);
     errorHandler.Remember();
     return StickyError();
@@ -249,7 +253,7 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input, nxXMLTree* tree) {
     nxXMLEncoding::Problem problem;
     const bool isText = nxXMLEncoding::ToUTF8(input.text, converted, utf8, problem);
     if (!isText && problem.declaration.empty())
-        return Refuse(input, problem.description);
+        return Refuse(input, problem.description, problem.place);
     if (const char* const limit = nxXMLLimits::FindProblem(utf8))
         return Refuse(input, limit);
 

@@ -241,7 +241,7 @@ namespace {
                           std::size_t declarationSize) const;
         bool _Convert(const Converter& converter, std::string_view encoding);
         bool _CheckUTF8();
-        bool _Refuse(const Fault& fault, std::string_view encoding);
+        bool _Refuse(const Fault& fault, std::string_view before, std::string_view encoding);
         bool _RefuseName(const std::string& description, std::size_t declarationSize);
 
         const Beginning& _beginning;
@@ -304,25 +304,27 @@ namespace {
     bool Reader::_Convert(const Converter& converter, std::string_view encoding) {
         const std::optional<Fault> fault = Convert(*converter, _bytes.substr(_markSize), _converted);
         if (fault)
-            return _Refuse(*fault, encoding);
+            return _Refuse(*fault, _converted, encoding);
         _text = _converted;
         if (_text.starts_with(UTF8Mark))
-            return _Refuse({SecondMark, 0}, encoding);
+            return _Refuse({SecondMark, 0}, {}, encoding);
         return true;
     }
 
     bool Reader::_CheckUTF8() {
         if (_beginning.isMark && _text.starts_with(UTF8Mark))
-            return _Refuse({SecondMark, 0}, UTF8);
+            return _Refuse({SecondMark, 0}, {}, UTF8);
         const std::size_t valid = ValidSize(_text);
         if (valid == _text.size())
             return true;
         std::string ignored;
         const std::optional<Fault> fault = Convert(*Open(UTF8), _text.substr(valid), ignored);
-        return _Refuse({fault ? fault->what : NotValid, valid}, UTF8);
+        return _Refuse({fault ? fault->what : NotValid, valid}, _text.substr(0, valid), UTF8);
     }
 
-    bool Reader::_Refuse(const Fault& fault, std::string_view encoding) {
+    // `before` is the text before the fault.
+    bool Reader::_Refuse(const Fault& fault, std::string_view before, std::string_view encoding) {
+        _problem.place = nxXMLPlaces(before).Of(before.data() + before.size());
         _problem.description = std::string(fault.what) + " at byte " +
                                std::to_string(_markSize + fault.offset) + " (from 0) in encoding '" +
                                std::string(encoding) + "'";

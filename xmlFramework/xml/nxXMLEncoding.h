@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "xmlFramework/xml/nxXMLTree.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,6 +13,7 @@
 namespace nxXMLEncoding {
     struct Problem {
         std::string description;
+        nxXMLPlace place; // of what is no text; zeros where it is the name of the encoding
         // Where the name of the encoding is at fault: a document of the same declaration, in the same bytes,
         // and an empty element. The parser has words of its own for most such names.
         std::string declaration;

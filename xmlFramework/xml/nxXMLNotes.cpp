@@ -40,7 +40,7 @@ void nxXMLNotes::Takes(nxXMLNode parent, std::string_view field, nxXMLNode node,
         notes.takenAs = asked->itemNames;
         notes.itemName = asked->name;
     } else if (asked->kind == Kind::Element && before.IsValid())
-        _Of(before).supersededBy = "only the last of them counts";
+        _Of(before).supersededBy = "a later one counts";
 }
 
 void nxXMLNotes::IsNoValue(nxXMLNode node, std::string_view attribute, const nxXMLValueDescription& expected,
@@ -51,6 +51,10 @@ void nxXMLNotes::IsNoValue(nxXMLNode node, std::string_view attribute, const nxX
         return;
     }
     notes.expected = expected.GetAsString();
+    nxXMLNearest nearest(node.GetText());
+    for (const std::string& text : expected.texts)
+        nearest.Try(text);
+    notes.nearest = nearest.Get();
     notes.held = std::move(held);
 }
 
@@ -176,7 +180,8 @@ private:
     void ReportText(nxXMLNode node, const Notes& notes, const std::string& path, const std::string& key) {
         const auto lost = _lostTexts.find(node.GetIdentity());
         if (notes.expected && (node.HasText() || lost == _lostTexts.end())) {
-            AddNoValue(node, path, key, node.GetText(), {{}, *notes.expected, notes.held});
+            AddNoValue(node, path, key, node.GetText(), {{}, *notes.expected, notes.held}).reason =
+                notes.nearest;
             PlaceLast(node.GetText());
         }
         if (!notes.readsText && !IsBlank(node.GetText()))
@@ -247,7 +252,7 @@ private:
         else if (field->kind == FieldKind::Items)
             Add(Kind::ItemLeftOut, node, std::move(path), key).reason = parentNotes.ending;
         else if (field->taken.IsValid())
-            Add(Kind::Repeated, node, std::move(path), key).reason = "only the first of them counts";
+            Add(Kind::Repeated, node, std::move(path), key).reason = "another one counts";
         else
             Add(Kind::NotReached, node, std::move(path), key).reason =
                 parentNotes.ending.empty() ? "it stands before another that it belongs behind"
@@ -278,10 +283,11 @@ private:
         for (const AskedField& field : notes.fields) {
             if ((field.kind == FieldKind::Attribute) != isAttribute)
                 continue;
-            if (field.itemNames == ItemNames::WithKey || field.itemNames == ItemNames::WithNumber)
+            if (field.itemNames == ItemNames::WithKey || field.itemNames == ItemNames::WithNumber) {
                 nearestItem.Try(field.name);
-            else
-                nearestOfAll.Try(field.name);
+                continue;
+            }
+            nearestOfAll.Try(field.name);
             if (field.kind == FieldKind::Items || !IsThere(node, field))
                 nearest.Try(field.name);
         }

@@ -65,7 +65,8 @@ private:
         bool readsText = false;
         const char* supersededBy = nullptr;  // the later of its name count
         std::optional<std::string> expected; // it has no value of this kind,
-        std::string held;                    // so the record holds this
+        std::string nearest;                 // perhaps this was meant,
+        std::string held;                    // and the record holds this
         std::vector<AttributeProblem> attributeProblems;
         std::string leftOut; // why
         std::string ending;  // why what is not read of its children is not

@@ -52,7 +52,8 @@ std::string nxXMLFinding::GetMessage() const {
         return "element " + Quoted(name) + " is not read: " + reason;
     case Kind::NoValue:
         return (found.empty() ? "found no text" : "found " + Quoted(found)) + ", expected " + expected +
-               (held.empty() ? "; the record holds nothing" : "; the record holds " + Quoted(held));
+               (held.empty() ? "; the record holds nothing" : "; the record holds " + Quoted(held)) +
+               Suggestion(reason);
     case Kind::LostText:
         return "text that is not read: " + Quoted(found);
     case Kind::ItemLeftOut:
@@ -68,6 +69,15 @@ std::string nxXMLFinding::GetMessage() const {
 
 nxXMLReport* nxXMLReport::GetListening() {
     return listening;
+}
+
+void nxXMLReport::AddNotWellFormed(std::size_t line, std::size_t column, std::string reason) {
+    nxXMLFinding finding;
+    finding.kind = nxXMLFinding::Kind::NotWellFormed;
+    finding.line = line;
+    finding.column = column;
+    finding.reason = std::move(reason);
+    Add(std::move(finding));
 }
 
 nxXMLReport::Listening::Listening(nxXMLReport& report) : _before(std::exchange(listening, &report)) {

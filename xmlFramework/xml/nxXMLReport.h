@@ -34,7 +34,7 @@ struct XMLFRAMEWORK_API nxXMLFinding {
     std::string found;      // the text in question, as far as there is one
     std::string expected;   // what might have stood there: a known name, or a value's description
     std::string held;       // what the record holds in its place
-    std::string reason;     // more, where the kind does not say it all
+    std::string reason;     // more, where the kind does not say it all; the value that was perhaps meant
 
     // Whether the document says something that the record does not hold, or holds otherwise. What is merely
     // missing is no loss: formats give every field a default.
@@ -63,6 +63,8 @@ public:
     // The report that listens to what this thread reads; null mostly. For those who read.
     static nxXMLReport* GetListening();
     void Add(nxXMLFinding finding) { _findings.push_back(std::move(finding)); }
+    void Clear() { _findings.clear(); }
+    void AddNotWellFormed(std::size_t line, std::size_t column, std::string reason);
 
 private:
     class XMLFRAMEWORK_API Listening {
