@@ -58,7 +58,7 @@ namespace {
     }
 
     // One bit a byte, as to_ullong of C++26 gives it. Until then the library calls it so.
-    std::uint64_t Bits(const Bytes::mask_type& mask) {
+    [[gnu::always_inline]] inline std::uint64_t Bits(const Bytes::mask_type& mask) {
         return mask.__to_bitset().to_ullong();
     }
 

@@ -31,7 +31,7 @@ nxXMLNode nxXMLNode::FindNext(std::string_view name) const {
 
 std::string_view nxXMLNode::GetAttribute(std::string_view name) const {
     const Attribute* attribute = _element ? _element->attributes : nullptr;
-    while (attribute && attribute->name != name)
+    while (attribute && !_AreSame(attribute->name, name))
         attribute = attribute->next;
     return attribute ? attribute->value : std::string_view();
 }

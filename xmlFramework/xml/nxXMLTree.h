@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <memory_resource>
 #include <string_view>
@@ -27,7 +28,7 @@ public:
     bool operator==(const nxXMLNode&) const = default; // whether both are the same element
 
     std::string_view GetName() const;
-    bool HasName(std::string_view name) const { return IsValid() && GetName() == name; }
+    bool HasName(std::string_view name) const { return IsValid() && _AreSame(GetName(), name); }
 
     // The first child node, when that is text: behind anything else, a comment or a CDATA section included,
     // there is none.
@@ -52,6 +53,8 @@ private:
     struct Element;
 
     explicit nxXMLNode(const Element* element) : _element(element) {}
+
+    static bool _AreSame(std::string_view name, std::string_view other);
 
     const Element* _element = nullptr;
 };
@@ -145,6 +148,29 @@ struct nxXMLNode::Element {
 
 inline std::string_view nxXMLNode::GetName() const {
     return _element ? std::string_view(_element->name, _element->nameSize) : std::string_view();
+}
+
+// Names are short: a call would take longer than all of it. The last bytes may be compared twice.
+inline bool nxXMLNode::_AreSame(std::string_view name, std::string_view other) {
+    if (name.size() != other.size())
+        return false;
+    const auto differ = [&](std::size_t place, auto piece) {
+        auto otherPiece = piece;
+        std::memcpy(&piece, name.data() + place, sizeof piece);
+        std::memcpy(&otherPiece, other.data() + place, sizeof piece);
+        return piece ^ otherPiece;
+    };
+    const std::size_t size = name.size();
+    if (size >= sizeof(std::uint64_t)) {
+        const std::size_t last = size - sizeof(std::uint64_t);
+        std::uint64_t difference = differ(last, std::uint64_t());
+        for (std::size_t place = 0; place < last; place += sizeof(std::uint64_t))
+            difference |= differ(place, std::uint64_t());
+        return difference == 0;
+    }
+    if (size >= sizeof(std::uint32_t))
+        return (differ(0, std::uint32_t()) | differ(size - sizeof(std::uint32_t), std::uint32_t())) == 0;
+    return name == other;
 }
 
 inline bool nxXMLNode::HasText() const {
