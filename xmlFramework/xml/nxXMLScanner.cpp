@@ -230,6 +230,11 @@ namespace {
             return at && _IsAt(at, text) ? at + text.size() : nullptr;
         }
 
+        const char* _Next(const char* at, char c) const {
+            const void* const found = std::memchr(at, c, static_cast<std::size_t>(_end - at));
+            return found ? static_cast<const char*>(found) : _end;
+        }
+
         const char* _BehindNext(const char* at, std::string_view text) const {
             const std::size_t found = std::string_view(at, static_cast<std::size_t>(_end - at)).find(text);
             return found == std::string_view::npos ? nullptr : at + found + text.size();
@@ -252,6 +257,7 @@ namespace {
         const char* _NameBeyondASCII(const char* at) const;
         const char* _Text(const char* at, Element* element);
         const char* _SpecialText(const char* at, const char* special, Element* element);
+        char* _Copy(const char* at, const char* behind, char* to) const;
         template <class Marks>
         bool _Decode(std::string_view& text, Marks& marks, char lineEnd);
         static const char* _Reference(const char* at, const char* end, char*& to);
@@ -486,15 +492,19 @@ namespace {
 
     // The same, when the first special byte is not the markup behind the text.
     const char* Scanner::_SpecialText(const char* at, const char* special, Element* element) {
-        bool isChanged = false;
+        const auto isChanged = [element](char c) { return c == '&' || (c == '\r' && element); };
         const char* end = special;
-        for (; !_IsAt(end, '<'); end = _textMarks.Next(end + 1)) {
-            if (end == _end || _IsAt(end, "]]>"))
+        for (; end != _end && *end != '<' && !isChanged(*end); end = _textMarks.Next(end + 1)) {
+            if (_IsAt(end, "]]>"))
                 return nullptr;
-            isChanged |= *end == '&' || (*end == '\r' && element);
         }
+        const bool isToDecode = end != _end && *end != '<';
+        if (isToDecode)
+            end = _Next(end, '<');
+        if (end == _end)
+            return nullptr;
         std::string_view text(at, static_cast<std::size_t>(end - at));
-        if (isChanged && !_Decode(text, _textMarks, '\n'))
+        if (isToDecode && !_Decode(text, _textMarks, '\n'))
             return nullptr;
         if (element)
             nxXMLTree::SetText(*element, text);
@@ -505,19 +515,22 @@ namespace {
     // neither of them nor white space stays.
     template <class Marks>
     bool Scanner::_Decode(std::string_view& text, Marks& marks, char lineEnd) {
-        char* const decoded = _tree.Allocate(text.size()); // nothing becomes longer
+        // Nothing becomes longer, but _Copy takes more room.
+        char* const decoded = _tree.Allocate(text.size() + Bytes::size());
         char* to = decoded;
         const char* at = text.data();
         const char* const end = at + text.size();
         for (;;) {
             const char* const special = std::min(marks.Next(at), end);
-            to = std::copy(at, special, to);
+            to = _Copy(at, special, to);
             if (special == end)
                 break;
             if (*special == '&') {
                 at = _Reference(special + 1, end, to);
                 if (!at)
                     return false;
+            } else if (StartsWith(special, end, "]]>")) {
+                return false;
             } else {
                 at = special + (StartsWith(special, end, "\r\n") ? 2 : 1);
                 *to++ = IsSpace(*special) ? lineEnd : *special;
@@ -525,6 +538,18 @@ namespace {
         }
         text = std::string_view(decoded, static_cast<std::size_t>(to - decoded));
         return true;
+    }
+
+    // Copies a piece of the document, and overwrites up to Bytes::size() bytes behind the copy: pieces are
+    // short, so that a call would take longer.
+    char* Scanner::_Copy(const char* at, const char* behind, char* to) const {
+        const std::ptrdiff_t size = behind - at;
+        const bool isNearEnd = static_cast<std::size_t>(_end - behind) < Bytes::size();
+        if (isNearEnd)
+            return std::copy(at, behind, to);
+        for (std::ptrdiff_t i = 0; i < size; i += std::ptrdiff_t{Bytes::size()})
+            std::memcpy(to + i, at + i, Bytes::size());
+        return to + size;
     }
 
     const char* Scanner::_Reference(const char* at, const char* end, char*& to) {
