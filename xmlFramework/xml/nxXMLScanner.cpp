@@ -197,7 +197,9 @@ namespace {
     public:
         Scanner(nxXMLTree& tree, std::string_view utf8)
             : _tree(tree), _begin(utf8.data()), _end(utf8.data() + utf8.size()), _textMarks(utf8),
-              _nameMarks(utf8), _valueMarks(utf8) {}
+              _nameMarks(utf8), _valueMarks(utf8) {
+            _open.reserve(16);
+        }
 
         bool Run() {
             const char* at = _Declaration(_begin);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -59,6 +60,23 @@ private:
     const Element* _element = nullptr;
 };
 
+struct nxXMLNode::Attribute {
+    std::string_view name;
+    std::string_view value;
+    Attribute* next;
+};
+
+// Sizes in 32 bits keep an element within one line of the cache.
+struct nxXMLNode::Element {
+    const char* name;
+    const char* text; // null: none
+    std::uint32_t nameSize;
+    std::uint32_t textSize;
+    Element* firstChild;
+    Element* next;
+    Attribute* attributes;
+};
+
 // A document's elements, attributes and texts in UTF-8, as records read them. Private to the library.
 //
 // Whoever fills a tree adds elements from the root down, in the order of the document. Names and texts are
@@ -97,10 +115,14 @@ public:
     std::string_view Keep(std::string_view text);
 
 private:
-    // Items of one kind, which stay where they are.
-    template <class Item>
+    // Items of one kind, which stay where they are. A small document's need no memory of the allocator's.
+    template <class Item, std::size_t FirstSize>
     class Blocks {
     public:
+        Blocks() = default;
+        Blocks(const Blocks&) = delete;
+        Blocks& operator=(const Blocks&) = delete;
+
         Item* Add(const Item& item) {
             if (_next == _end)
                 _AddBlock();
@@ -109,42 +131,27 @@ private:
         }
         void Clear() {
             _blocks.clear();
-            _next = _end = nullptr;
+            _next = _first.data();
+            _end = _next + _first.size();
         }
 
     private:
         void _AddBlock();
 
-        std::vector<std::unique_ptr<Item[]>> _blocks;
-        Item* _next = nullptr; // the place for the next item in the last block
-        Item* _end = nullptr;  // of the last block
+        std::array<Item, FirstSize> _first;
+        std::vector<std::unique_ptr<Item[]>> _blocks; // behind the first
+        Item* _next = _first.data();                  // the place for the next item in the last block
+        Item* _end = _next + _first.size();           // of the last block
     };
 
     Element* _root = nullptr;
     std::string_view _source;
-    Blocks<Element> _elements;
-    Blocks<Attribute> _attributes;
+    Blocks<Element, 64> _elements;
+    Blocks<Attribute, 8> _attributes;
     std::pmr::monotonic_buffer_resource _memory; // kept texts
 };
 
 // ---- What is small and called for every element
-
-struct nxXMLNode::Attribute {
-    std::string_view name;
-    std::string_view value;
-    Attribute* next;
-};
-
-// Sizes in 32 bits keep an element within one line of the cache.
-struct nxXMLNode::Element {
-    const char* name;
-    const char* text; // null: none
-    std::uint32_t nameSize;
-    std::uint32_t textSize;
-    Element* firstChild;
-    Element* next;
-    Attribute* attributes;
-};
 
 inline std::string_view nxXMLNode::GetName() const {
     return _element ? std::string_view(_element->name, _element->nameSize) : std::string_view();
