@@ -217,6 +217,7 @@ namespace {
         struct Open {
             Element* element;
             Element* lastChild;
+            const Element* likely; // has mostly the next child's name: a child of the sibling before, or null
         };
 
         bool _IsAt(const char* at, char c) const { return at != _end && *at == c; }
@@ -251,6 +252,7 @@ namespace {
         const char* _RootElement(const char* at);
         const char* _Markup(const char* at);
         const char* _StartTag(const char* at);
+        const char* _ElementName(const char* at);
         const char* _EndTag(const char* at, std::string_view name) const;
         const char* _Attributes(const char* at, Element& element);
         const char* _AttributeValue(const char* at, std::string_view& value);
@@ -370,7 +372,7 @@ namespace {
     // With the text behind it, which is the element's, and an end tag right behind that.
     const char* Scanner::_StartTag(const char* at) {
         const char* const nameAt = at + 1;
-        at = _Name(nameAt);
+        at = _ElementName(nameAt);
         if (!at)
             return nullptr;
         const std::string_view name(nameAt, static_cast<std::size_t>(at - nameAt));
@@ -392,8 +394,20 @@ namespace {
         at = _Text(at + 1, element);
         if (at && _IsAt(at, "</")) // most elements hold nothing else
             return _EndTag(at, name);
-        _open.push_back({element, nullptr});
+        _open.push_back({element, nullptr, previous ? previous->firstChild : nullptr});
         return at;
+    }
+
+    // The items of a list have mostly the same elements in them.
+    const char* Scanner::_ElementName(const char* at) {
+        if (const Element* const likely = _open.empty() ? nullptr : _open.back().likely) {
+            const std::string_view name(likely->name, likely->nameSize);
+            if (Repeats(at, _end, name) && _IsAt(at + name.size(), '>')) {
+                _open.back().likely = likely->next;
+                return at + name.size();
+            }
+        }
+        return _Name(at);
     }
 
     const char* Scanner::_EndTag(const char* at, std::string_view name) const {
