@@ -63,7 +63,10 @@ namespace {
         "<b\u00B7/><\u0431\u0449></\u0431\u0449><\u4E00/>",
         "<ABCDEFGHIJKLMNOPQRSTUVWXYZ/><abcdefghijklmnopqrstuvwxyz0123456789/>",
         "<b></b\r\n\t ><b\n/><b\t></b>",
-        "<abcdefghijklmnop></abcdefghijklmnop><bcdefghijklmnopqr></bcdefghijklmnopqr>"};
+        "<abcdefghijklmnop></abcdefghijklmnop><bcdefghijklmnopqr></bcdefghijklmnopqr>",
+        // items with the same elements, or nearly
+        "<b><c>1</c><d/></b><b><c>2</c><d></d><e/></b><b><cd>3</cd><d e=''>4</d ></b><b><c><d/></c></b>    "
+        " "};
 
     // What the parser takes, but the scanner leaves to it.
     const Strings LeftContents = {"<b\U00010000/>", "<\U00010000/>"};
@@ -76,11 +79,11 @@ namespace {
         "<abcdefghijklmnopq></abcdefghijklmnopr>      ", "<b/>>]]>", "<\u00B7/>", "<\u00D7/>", "<b\u00D7/>",
         "<b\u2028/>", "<b+/>", "<b,/>", "<b`/>", "<b[/>", "<b@/>", "<b{/>", "<b;/>", "<b^/>", "<b$/>", "<%/>",
         // text
-        "]]>", "]]]>", "a]]>", "<b/>]]>", "<b/>&b;", "<b/>&#0;", "&", "& ", "&;", "&b;", "&lt", "&lt ;",
-        "&LT;", "&nbsp;", "&ampx;", "&#;", "&#x;", "&#a;", "&#xg;", "&#X41;", "&#65", "&#65 ;", "& #65;",
-        "&#-1;", "&#+1;", "&#0;", "&#1;", "&#x1F;", "&#8;", "&#xD800;", "&#xDFFF;", "&#xFFFE;", "&#xFFFF;",
-        "&#x110000;", "&#1114112;", "&#4294967361;", "&#x100000041;", "&#99999999999999999999;", "&#6:;",
-        "&#x:;", "&#x@;", "&#x`;",
+        "]]>", "]]]>", "a]]>", "<b/>]]>", "&amp;]]>", "\r]]>b", "<b/>&b;", "<b/>&#0;", "&", "& ", "&;", "&b;",
+        "&lt", "&lt ;", "&LT;", "&nbsp;", "&ampx;", "&#;", "&#x;", "&#a;", "&#xg;", "&#X41;", "&#65",
+        "&#65 ;", "& #65;", "&#-1;", "&#+1;", "&#0;", "&#1;", "&#x1F;", "&#8;", "&#xD800;", "&#xDFFF;",
+        "&#xFFFE;", "&#xFFFF;", "&#x110000;", "&#1114112;", "&#4294967361;", "&#x100000041;",
+        "&#99999999999999999999;", "&#6:;", "&#x:;", "&#x@;", "&#x`;",
         // comments, sections, instructions
         "<!--", "<!-->", "<!--->", "<!-- -- -->", "<!--- --->", "<!-- --", "<!- - -->", "<! ---->", "<!b>",
         "<!DOCTYPE r>", "<![CDATA[", "<![CDATA[]]", "<![CDATA[]] >", "<![cdata[]]>", "<![CDATA []]>",

@@ -58,7 +58,7 @@ namespace {
     }
 
     // One bit a byte, as to_ullong of C++26 gives it. Until then the library calls it so.
-    std::uint64_t Bits(const Bytes::mask_type& mask) {
+    [[gnu::always_inline]] inline std::uint64_t Bits(const Bytes::mask_type& mask) {
         return mask.__to_bitset().to_ullong();
     }
 
@@ -197,7 +197,9 @@ namespace {
     public:
         Scanner(nxXMLTree& tree, std::string_view utf8)
             : _tree(tree), _begin(utf8.data()), _end(utf8.data() + utf8.size()), _textMarks(utf8),
-              _nameMarks(utf8), _valueMarks(utf8) {}
+              _nameMarks(utf8), _valueMarks(utf8) {
+            _open.reserve(16);
+        }
 
         bool Run() {
             const char* at = _Declaration(_begin);
@@ -215,6 +217,7 @@ namespace {
         struct Open {
             Element* element;
             Element* lastChild;
+            const Element* likely; // has mostly the next child's name: a child of the sibling before, or null
         };
 
         bool _IsAt(const char* at, char c) const { return at != _end && *at == c; }
@@ -228,6 +231,11 @@ namespace {
 
         const char* _Behind(const char* at, std::string_view text) const {
             return at && _IsAt(at, text) ? at + text.size() : nullptr;
+        }
+
+        const char* _Next(const char* at, char c) const {
+            const void* const found = std::memchr(at, c, static_cast<std::size_t>(_end - at));
+            return found ? static_cast<const char*>(found) : _end;
         }
 
         const char* _BehindNext(const char* at, std::string_view text) const {
@@ -245,6 +253,7 @@ namespace {
         const char* _Markup(const char* at);
         void _Lose(const char* text, const char* end);
         const char* _StartTag(const char* at);
+        const char* _ElementName(const char* at);
         const char* _EndTag(const char* at, std::string_view name) const;
         const char* _Attributes(const char* at, Element& element);
         const char* _AttributeValue(const char* at, std::string_view& value);
@@ -253,6 +262,7 @@ namespace {
         const char* _NameBeyondASCII(const char* at) const;
         const char* _Text(const char* at, Element* element);
         const char* _SpecialText(const char* at, const char* special, Element* element);
+        char* _Copy(const char* at, const char* behind, char* to) const;
         template <class Marks>
         bool _Decode(std::string_view& text, Marks& marks, char lineEnd);
         static const char* _Reference(const char* at, const char* end, char*& to);
@@ -375,7 +385,7 @@ namespace {
     // With the text behind it, which is the element's, and an end tag right behind that.
     const char* Scanner::_StartTag(const char* at) {
         const char* const nameAt = at + 1;
-        at = _Name(nameAt);
+        at = _ElementName(nameAt);
         if (!at)
             return nullptr;
         const std::string_view name(nameAt, static_cast<std::size_t>(at - nameAt));
@@ -397,8 +407,20 @@ namespace {
         at = _Text(at + 1, element);
         if (at && _IsAt(at, "</")) // most elements hold nothing else
             return _EndTag(at, name);
-        _open.push_back({element, nullptr});
+        _open.push_back({element, nullptr, previous ? previous->firstChild : nullptr});
         return at;
+    }
+
+    // The items of a list have mostly the same elements in them.
+    const char* Scanner::_ElementName(const char* at) {
+        if (const Element* const likely = _open.empty() ? nullptr : _open.back().likely) {
+            const std::string_view name(likely->name, likely->nameSize);
+            if (Repeats(at, _end, name) && _IsAt(at + name.size(), '>')) {
+                _open.back().likely = likely->next;
+                return at + name.size();
+            }
+        }
+        return _Name(at);
     }
 
     const char* Scanner::_EndTag(const char* at, std::string_view name) const {
@@ -499,15 +521,19 @@ namespace {
 
     // The same, when the first special byte is not the markup behind the text.
     const char* Scanner::_SpecialText(const char* at, const char* special, Element* element) {
-        bool isChanged = false;
+        const auto isChanged = [element](char c) { return c == '&' || (c == '\r' && element); };
         const char* end = special;
-        for (; !_IsAt(end, '<'); end = _textMarks.Next(end + 1)) {
-            if (end == _end || _IsAt(end, "]]>"))
+        for (; end != _end && *end != '<' && !isChanged(*end); end = _textMarks.Next(end + 1)) {
+            if (_IsAt(end, "]]>"))
                 return nullptr;
-            isChanged |= *end == '&' || (*end == '\r' && element);
         }
+        const bool isToDecode = end != _end && *end != '<';
+        if (isToDecode)
+            end = _Next(end, '<');
+        if (end == _end)
+            return nullptr;
         std::string_view text(at, static_cast<std::size_t>(end - at));
-        if (isChanged && !_Decode(text, _textMarks, '\n'))
+        if (isToDecode && !_Decode(text, _textMarks, '\n'))
             return nullptr;
         if (element)
             nxXMLTree::SetText(*element, text);
@@ -518,19 +544,22 @@ namespace {
     // neither of them nor white space stays.
     template <class Marks>
     bool Scanner::_Decode(std::string_view& text, Marks& marks, char lineEnd) {
-        char* const decoded = _tree.Allocate(text.size()); // nothing becomes longer
+        // Nothing becomes longer, but _Copy takes more room.
+        char* const decoded = _tree.Allocate(text.size() + Bytes::size());
         char* to = decoded;
         const char* at = text.data();
         const char* const end = at + text.size();
         for (;;) {
             const char* const special = std::min(marks.Next(at), end);
-            to = std::copy(at, special, to);
+            to = _Copy(at, special, to);
             if (special == end)
                 break;
             if (*special == '&') {
                 at = _Reference(special + 1, end, to);
                 if (!at)
                     return false;
+            } else if (StartsWith(special, end, "]]>")) {
+                return false;
             } else {
                 at = special + (StartsWith(special, end, "\r\n") ? 2 : 1);
                 *to++ = IsSpace(*special) ? lineEnd : *special;
@@ -538,6 +567,18 @@ namespace {
         }
         text = std::string_view(decoded, static_cast<std::size_t>(to - decoded));
         return true;
+    }
+
+    // Copies a piece of the document, and overwrites up to Bytes::size() bytes behind the copy: pieces are
+    // short, so that a call would take longer.
+    char* Scanner::_Copy(const char* at, const char* behind, char* to) const {
+        const std::ptrdiff_t size = behind - at;
+        const bool isNearEnd = static_cast<std::size_t>(_end - behind) < Bytes::size();
+        if (isNearEnd)
+            return std::copy(at, behind, to);
+        for (std::ptrdiff_t i = 0; i < size; i += std::ptrdiff_t{Bytes::size()})
+            std::memcpy(to + i, at + i, Bytes::size());
+        return to + size;
     }
 
     const char* Scanner::_Reference(const char* at, const char* end, char*& to) {

@@ -3,7 +3,6 @@
 
 #include "xmlFramework/xml/nxXMLSession.h"
 
-#include "core/nxMutexGuard.h"
 #include "core/nxStringHelper.h"
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
@@ -41,10 +40,7 @@ nxXMLSession::~nxXMLSession() {
 }
 
 int nxXMLSession::NextBufferNumber() {
-    const nxMutexGuard guard(_mutex);
-    const int number = _bufferCount;
-    _bufferCount = static_cast<int>(static_cast<unsigned int>(_bufferCount) + 1U); // wraps without overflow
-    return number;
+    return _bufferCount.fetch_add(1, std::memory_order_relaxed); // which wraps without overflow
 }
 
 std::string nxXMLSession::NextBufferName() {

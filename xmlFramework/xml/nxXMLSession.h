@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "core/nxMutex.h"
-
+#include <atomic>
 #include <string>
 
 // The parser library's time in the process: initialised when this library is loaded, terminated when it is
@@ -25,7 +24,6 @@ public:
     std::string NextBufferName();
 
 private:
-    nxMutex _mutex; // guards the counter
-    int _bufferCount = 0;
+    std::atomic<int> _bufferCount = 0;
     bool _initialized = false;
 };

@@ -7,9 +7,7 @@
 #include <functional>
 
 namespace {
-    // A small document takes one small block; the blocks of a large one are hardly ever half empty.
-    constexpr std::size_t FirstBlock = 64;
-    constexpr std::size_t OtherBlocks = 1024;
+    constexpr std::size_t BlockSize = 1024; // items
 
     constexpr bool IsContinuation(char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
@@ -30,7 +28,7 @@ nxXMLNode nxXMLNode::FindNext(std::string_view name) const {
 
 std::string_view nxXMLNode::GetAttribute(std::string_view name) const {
     const Attribute* attribute = _element ? _element->attributes : nullptr;
-    while (attribute && attribute->name != name)
+    while (attribute && !_AreSame(attribute->name, name))
         attribute = attribute->next;
     return attribute ? attribute->value : std::string_view();
 }
@@ -48,15 +46,14 @@ void nxXMLTree::Clear() {
     _memory.release();
 }
 
-template <class Item>
-void nxXMLTree::Blocks<Item>::_AddBlock() {
-    const std::size_t size = _blocks.empty() ? FirstBlock : OtherBlocks;
-    _next = _blocks.emplace_back(std::make_unique_for_overwrite<Item[]>(size)).get();
-    _end = _next + size;
+template <class Item, std::size_t FirstSize>
+void nxXMLTree::Blocks<Item, FirstSize>::_AddBlock() {
+    _next = _blocks.emplace_back(std::make_unique_for_overwrite<Item[]>(BlockSize)).get();
+    _end = _next + BlockSize;
 }
 
-template void nxXMLTree::Blocks<nxXMLTree::Element>::_AddBlock();
-template void nxXMLTree::Blocks<nxXMLTree::Attribute>::_AddBlock();
+template void nxXMLTree::Blocks<nxXMLTree::Element, 64>::_AddBlock();
+template void nxXMLTree::Blocks<nxXMLTree::Attribute, 8>::_AddBlock();
 
 char* nxXMLTree::Allocate(std::size_t size) {
     return static_cast<char*>(_memory.allocate(size, 1));

@@ -3,8 +3,10 @@
 
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <memory>
 #include <memory_resource>
 #include <string_view>
@@ -41,7 +43,7 @@ public:
     const void* GetIdentity() const { return _element; }
 
     std::string_view GetName() const;
-    bool HasName(std::string_view name) const { return IsValid() && GetName() == name; }
+    bool HasName(std::string_view name) const { return IsValid() && _AreSame(GetName(), name); }
 
     // The first child node, when that is text: behind anything else, a comment or a CDATA section included,
     // there is none.
@@ -67,7 +69,26 @@ private:
 
     explicit nxXMLNode(const Element* element) : _element(element) {}
 
+    static bool _AreSame(std::string_view name, std::string_view other);
+
     const Element* _element = nullptr;
+};
+
+struct nxXMLNode::Attribute {
+    std::string_view name;
+    std::string_view value;
+    Attribute* next;
+};
+
+// Sizes in 32 bits keep an element within one line of the cache.
+struct nxXMLNode::Element {
+    const char* name;
+    const char* text; // null: none
+    std::uint32_t nameSize;
+    std::uint32_t textSize;
+    Element* firstChild;
+    Element* next;
+    Attribute* attributes;
 };
 
 // A document's elements, attributes and texts in UTF-8, as records read them. Private to the library.
@@ -126,10 +147,14 @@ public:
     std::string_view Keep(std::string_view text);
 
 private:
-    // Items of one kind, which stay where they are.
-    template <class Item>
+    // Items of one kind, which stay where they are. A small document's need no memory of the allocator's.
+    template <class Item, std::size_t FirstSize>
     class Blocks {
     public:
+        Blocks() = default;
+        Blocks(const Blocks&) = delete;
+        Blocks& operator=(const Blocks&) = delete;
+
         Item* Add(const Item& item) {
             if (_next == _end)
                 _AddBlock();
@@ -138,21 +163,23 @@ private:
         }
         void Clear() {
             _blocks.clear();
-            _next = _end = nullptr;
+            _next = _first.data();
+            _end = _next + _first.size();
         }
 
     private:
         void _AddBlock();
 
-        std::vector<std::unique_ptr<Item[]>> _blocks;
-        Item* _next = nullptr; // the place for the next item in the last block
-        Item* _end = nullptr;  // of the last block
+        std::array<Item, FirstSize> _first;
+        std::vector<std::unique_ptr<Item[]>> _blocks; // behind the first
+        Item* _next = _first.data();                  // the place for the next item in the last block
+        Item* _end = _next + _first.size();           // of the last block
     };
 
     Element* _root = nullptr;
     std::string_view _source;
-    Blocks<Element> _elements;
-    Blocks<Attribute> _attributes;
+    Blocks<Element, 64> _elements;
+    Blocks<Attribute, 8> _attributes;
     std::pmr::monotonic_buffer_resource _memory; // kept texts
     bool _watchesLostTexts = false;
     std::vector<LostText> _lostTexts;
@@ -160,25 +187,31 @@ private:
 
 // ---- What is small and called for every element
 
-struct nxXMLNode::Attribute {
-    std::string_view name;
-    std::string_view value;
-    Attribute* next;
-};
-
-// Sizes in 32 bits keep an element within one line of the cache.
-struct nxXMLNode::Element {
-    const char* name;
-    const char* text; // null: none
-    std::uint32_t nameSize;
-    std::uint32_t textSize;
-    Element* firstChild;
-    Element* next;
-    Attribute* attributes;
-};
-
 inline std::string_view nxXMLNode::GetName() const {
     return _element ? std::string_view(_element->name, _element->nameSize) : std::string_view();
+}
+
+// Names are short: a call would take longer than all of it. The last bytes may be compared twice.
+inline bool nxXMLNode::_AreSame(std::string_view name, std::string_view other) {
+    if (name.size() != other.size())
+        return false;
+    const auto differ = [&](std::size_t place, auto piece) {
+        auto otherPiece = piece;
+        std::memcpy(&piece, name.data() + place, sizeof piece);
+        std::memcpy(&otherPiece, other.data() + place, sizeof piece);
+        return piece ^ otherPiece;
+    };
+    const std::size_t size = name.size();
+    if (size >= sizeof(std::uint64_t)) {
+        const std::size_t last = size - sizeof(std::uint64_t);
+        std::uint64_t difference = differ(last, std::uint64_t());
+        for (std::size_t place = 0; place < last; place += sizeof(std::uint64_t))
+            difference |= differ(place, std::uint64_t());
+        return difference == 0;
+    }
+    if (size >= sizeof(std::uint32_t))
+        return (differ(0, std::uint32_t()) | differ(size - sizeof(std::uint32_t), std::uint32_t())) == 0;
+    return name == other;
 }
 
 inline bool nxXMLNode::HasText() const {
