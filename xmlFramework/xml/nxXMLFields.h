@@ -557,17 +557,23 @@ namespace nxXMLFields {
         nxXMLNode _child;
     };
 
-    // Makes a reader, silent unless somebody listens, and has it read.
+    template <template <class> class Reader, class Read>
+    [[gnu::cold, gnu::noinline]] Outcome ReadNoting(const nxXMLNode& parent, const nxXMLReadContext& context,
+                                                    AfterFailure afterFailure, Read read) {
+        Reader<Noting> reader(parent, context, afterFailure);
+        read(reader);
+        return reader.GetOutcome();
+    }
+    // Has a reader read, a silent one unless somebody listens. What notes is cold, so that the compiler
+    // spends its inlining on the other.
     template <template <class> class Reader, class Read>
     Outcome ReadWith(const nxXMLNode& parent, const nxXMLReadContext& context, AfterFailure afterFailure,
                      Read read) {
-        const auto outcomeOf = [read](auto reader) {
-            read(reader);
-            return reader.GetOutcome();
-        };
         if (context.notes) [[unlikely]]
-            return outcomeOf(Reader<Noting>(parent, context, afterFailure));
-        return outcomeOf(Reader<Silence>(parent, context, afterFailure));
+            return ReadNoting<Reader>(parent, context, afterFailure, read);
+        Reader<Silence> reader(parent, context, afterFailure);
+        read(reader);
+        return reader.GetOutcome();
     }
 
     // The three ways in which records read their fields. `visitFields` hands the fields to the visitor that
