@@ -7,6 +7,7 @@
 #include "core/nxLogLevelEnum.h"
 #include "tool/collectedLog.h"
 #include "tool/commands.h"
+#include "tool/usage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,6 +34,15 @@ namespace {
         return level;
     }
 
+    // --help and --version come here as well.
+    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked) {
+        const std::string unknown = asked.get_exit_code() == 0 ? std::string() : DescribeUnknown(program);
+        if (unknown.empty())
+            return program.exit(asked) == 0 ? AllGood : WrongUse;
+        std::cerr << "xmlframework: " << unknown << "\nRun with --help for more information.\n";
+        return WrongUse;
+    }
+
     ExitStatus RunCommandLine(int argc, const char* const* argv) {
         CLI::App program("Looks at exchange reference data and specification records in XML.",
                          "xmlframework");
@@ -51,10 +61,11 @@ namespace {
         AddShowCommand(program, chosen);
         AddDiffCommand(program, chosen);
         AddMICCommands(program, chosen);
+        AddFooters(program);
         try {
             program.parse(argc, argv);
         } catch (const CLI::ParseError& asked) {
-            return program.exit(asked) == 0 ? AllGood : WrongUse; // --help and --version come here as well
+            return EndEarly(program, asked);
         }
 
         CollectLog(LogLevel(logLevel));
