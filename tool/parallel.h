@@ -24,15 +24,22 @@ namespace tool {
             return;
         }
 
+        // They are done in blocks, since waking up this thread for each costs as much as a small one.
         using Result = std::invoke_result_t<Work, std::size_t>;
-        std::vector<std::promise<Result>> results(count);
+        const std::size_t blockSize = std::clamp<std::size_t>(count / threads / 8, 1, 32);
+        const std::size_t blockCount = (count + blockSize - 1) / blockSize;
+        std::vector<std::promise<std::vector<Result>>> blocks(blockCount);
         std::atomic<std::size_t> next = 0;
         const auto run = [&] {
-            for (std::size_t i; (i = next++) < count;) {
+            for (std::size_t block; (block = next++) < blockCount;) {
                 try {
-                    results[i].set_value(work(i));
+                    std::vector<Result> results;
+                    const std::size_t end = std::min(count, (block + 1) * blockSize);
+                    for (std::size_t i = block * blockSize; i < end; ++i)
+                        results.push_back(work(i));
+                    blocks[block].set_value(std::move(results));
                 } catch (...) {
-                    results[i].set_exception(std::current_exception());
+                    blocks[block].set_exception(std::current_exception());
                 }
             }
         };
@@ -51,10 +58,12 @@ namespace tool {
             std::atomic<std::size_t>& _number;
             std::size_t _end;
         };
-        Threads running(next, count);
+        Threads running(next, blockCount);
         for (std::size_t i = 0; i < threads; ++i)
             running._threads.emplace_back(run);
-        for (std::promise<Result>& result : results)
-            take(result.get_future().get());
+        for (auto& block : blocks) {
+            for (const Result& result : block.get_future().get())
+                take(result);
+        }
     }
 } // namespace tool
