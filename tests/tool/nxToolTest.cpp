@@ -1,34 +1,19 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The command `xmlframework`, run as a process in a folder of its own.
+#include "tests/support/nxToolProcess.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <ostream>
 #include <regex>
 #include <string>
 #include <vector>
 
 namespace {
-    using Arguments = std::vector<std::string>;
-
-    struct Outcome {
-        int status; // -1: ended by a signal
-        std::string out;
-        std::string err;
-    };
-
     constexpr char Header13[] = "COUNTRY,ISO COUNTRY CODE (ISO 3166),MIC,OPERATING MIC,O/S,"
                                 "NAME-INSTITUTION DESCRIPTION,ACRONYM,CITY,WEBSITE,STATUS DATE,STATUS,"
                                 "CREATION DATE,COMMENTS\r\n";
@@ -47,78 +32,6 @@ namespace {
         return "<MICDefinitionList><MICDefinitions>" + items + "</MICDefinitions></MICDefinitionList>";
     }
 } // namespace
-
-class nxTool : public testing::Test {
-protected:
-    void SetUp() override {
-        std::string pattern = testing::TempDir() + "/nxtool.XXXXXX";
-        ASSERT_NE(::mkdtemp(pattern.data()), nullptr);
-        _folder = pattern;
-    }
-    void TearDown() override { std::filesystem::remove_all(_folder); }
-
-    void _Write(const std::string& name, const std::string& contents) const {
-        std::ofstream(_folder / name, std::ios::binary) << contents;
-    }
-    std::string _Read(const std::filesystem::path& name) const {
-        std::ifstream file(_folder / name, std::ios::binary);
-        EXPECT_TRUE(file) << name;
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    // `largestFile`: the system refuses to let a file grow beyond.
-    Outcome _Run(Arguments arguments, const std::string& in = "", rlim_t largestFile = RLIM_INFINITY) const {
-        _Write(".in", in);
-        arguments.insert(arguments.begin(), NX_TOOL_PATH);
-        std::vector<char*> argv;
-        std::ranges::transform(arguments, std::back_inserter(argv), [](auto& text) { return text.data(); });
-        argv.push_back(nullptr);
-
-        const pid_t child = ::fork();
-        if (child == 0)
-            _Become(argv, largestFile);
-        int status = 0;
-        EXPECT_EQ(::waitpid(child, &status, 0), child);
-        return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, _Read(".out"), _Read(".err")};
-    }
-
-    // Runs a command that has nothing to say.
-    void _RunQuietly(const Arguments& arguments) const {
-        const Outcome outcome = _Run(arguments);
-        EXPECT_EQ(outcome.status, 0) << outcome.err;
-        EXPECT_EQ(outcome.out, "");
-    }
-
-    std::filesystem::path _folder;
-
-private:
-    [[noreturn]] void _Become(const std::vector<char*>& argv, rlim_t largestFile) const {
-        const rlimit limit{largestFile, largestFile};
-        const bool ready = ::chdir(_folder.c_str()) == 0 && _Redirect(".in", O_RDONLY, STDIN_FILENO) &&
-                           _Redirect(".out", O_WRONLY | O_CREAT | O_TRUNC, STDOUT_FILENO) &&
-                           _Redirect(".err", O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO) &&
-                           std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
-        if (ready)
-            ::execv(argv.front(), argv.data());
-        ::_exit(127);
-    }
-    static bool _Redirect(const char* path, int flags, int descriptor) {
-        return ::dup2(::open(path, flags, 0600), descriptor) == descriptor;
-    }
-};
-
-TEST_F(nxTool, ListsEveryClassOfRecords) {
-    const Outcome types = _Run({"types"});
-    EXPECT_EQ(types.status, 0);
-    EXPECT_EQ(std::ranges::count(types.out, '\n'), 1 + 13);
-    for (const char* const code :
-         {"ALID", "BROK", "EXCH", "ALGO", "KJOB", "KMOD", "XMIC", "SPSI", "SPRD", "TRSL", "URTL"})
-        EXPECT_TRUE(std::regex_search(types.out, std::regex(std::string("\n") + code + "  nx.* yes\n")))
-            << code << types.out;
-    EXPECT_TRUE(
-        std::regex_search(types.out, std::regex("\n      nxKestrumUserLimit +KestrumUserLimit +no\n")));
-    EXPECT_TRUE(std::regex_search(types.out, std::regex("\nOPUS  nx.* no\n")));
-}
 
 TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
     _Write("some.xml", MICList(""));
@@ -237,45 +150,6 @@ TEST_F(nxTool, LeavesTheOutputFileAsItWasWhenItCannotBeWritten) {
     EXPECT_EQ(_Run({"convert", "in.xml", "-o", "no/such/folder.xml"}).status, 1);
 }
 
-TEST_F(nxTool, ShowsATableInWholeCharactersAndWithoutControlCharacters) {
-    _Write("mics.xml", MICList("<MICDefinition-A><MIC>A</MIC><City>TROMSØ</City><Name>LINE&#10;END</Name>"
-                               "</MICDefinition-A><MICDefinition-B><MIC>B</MIC><City>OSLO</City>"
-                               "<Name>\u009B31m&#9;\u007F</Name><IsOperatingMIC>true</IsOperatingMIC>"
-                               "</MICDefinition-B>"));
-    const Outcome outcome = _Run({"show", "mics.xml"});
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(outcome.out,
-              "MIC  OPERATING MIC  O/S  STATUS   COUNTRY  CITY    ACRONYM  NAME\n"
-              "A                   S    DELETED           TROMSØ           LINE\u240AEND\n"
-              "B                   O    DELETED           OSLO             \\xC2\\x9B31m\u2409\u2421\n");
-}
-
-TEST_F(nxTool, ShowsWhatIsAskedFor) {
-    _Write("hours.xml",
-           "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
-           "<Periods><Period><SessionType>CONTINUOUS_TRADING</SessionType>"
-           "<StartTimeZoneRegion>Europe/Oslo</StartTimeZoneRegion><StartTime>21:00:00</StartTime>"
-           "<StartDay>0</StartDay><EndTime>02:59:59</EndTime><EndDay>1</EndDay></Period></Periods>"
-           "</Scheme></TradingHoursSchemes></TradingHoursSchemesList>");
-    EXPECT_EQ(_Run({"show", "hours.xml"}).out,
-              "SCHEME  SESSION              Mon 0    Tue 1    Wed 2    Thu 3    Fri 4    Sat 5    Sun 6      "
-              "FROM                      TO\n"
-              "Night   Continuous trading  |       =|=       |        |        |        |        |        |  "
-              "Mon 21:00:00 Europe/Oslo  Tue 02:59:59\n");
-
-    _Write("brokers.xml",
-           "<BrokerMap><Broker id='9' name='North &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
-    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "NORTH"}).out, "ID  BROKER\n9   North & Sons\n");
-    EXPECT_EQ(_Run({"show", "brokers.xml", "--format", "json"}).out,
-              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"North & Sons\"\n  },\n"
-              "  {\n    \"id\": \"10\",\n    \"name\": \"Harbour\"\n  }\n]\n");
-    _Write("statistics.xml",
-           "<OrvalenPriceStatistics><userID>7</userID><ProductStatistic><productID>P</productID>"
-           "</ProductStatistic></OrvalenPriceStatistics>");
-    EXPECT_NE(_Run({"show", "statistics.xml", "--format", "json"}).out.find("\"ProductStatistic\": [\n"),
-              std::string::npos);
-}
-
 TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
     const auto definition = [](const std::string& name, const std::string& type,
                                const std::string& optional) {
@@ -313,23 +187,6 @@ TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
                            "  error: Unable to find parameter definition for parameter named: Other\n"
                            "malformed.xml: FAILED 1000002 Invalid data\n"
                            "  the parameters are malformed, or not those of the algorithm\n");
-}
-
-TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
-    _Write("a.xml", MappingList(Mapping("gone", "1") + Mapping("same", "2") + Mapping("other", "3")));
-    _Write("b.xml", MappingList(Mapping("other", "4") + Mapping("new", "1") + Mapping("same", "2")));
-    const Outcome outcome = _Run({"diff", "a.xml", "b.xml"});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "AlgoIDMappings/gone: removed\n"
-                           "AlgoIDMappings/other/AlgoID: '3' -> '4'\n"
-                           "AlgoIDMappings/new: added\n"
-                           "1 added, 1 removed, 1 changed\n");
-    const Outcome same = _Run({"diff", "a.xml", "-"}, _Read("a.xml"));
-    EXPECT_EQ(same.status, 0);
-    EXPECT_EQ(same.out, "");
-    _Write("mics.xml", MICList(""));
-    EXPECT_EQ(_Run({"diff", "a.xml", "mics.xml"}).status, 2);
-    EXPECT_EQ(_Run({"diff", "a.xml", "nothing.xml"}).status, 2);
 }
 
 TEST_F(nxTool, ImportsBothLayoutsOfTheRegister) {
