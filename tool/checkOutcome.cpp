@@ -64,9 +64,10 @@ std::string tool::FormatText(const CheckOutcome& outcome) {
     for (const std::string& problem : outcome.problems)
         text += "  " + Printable(problem) + "\n";
     text += Format(outcome.log);
+    FindingLines lines(outcome.path, outcome.contents);
     for (const nxXMLFinding& finding : outcome.findings) {
         if (outcome.Counts(finding))
-            text += FindingLine(outcome.path, outcome.contents, finding);
+            text += lines.Format(finding);
     }
     if (!outcome.result.IsOK())
         text += Note(remarks);

@@ -26,5 +26,6 @@ namespace tool {
     void AddConvertCommand(CLI::App& program, Command& chosen);
     void AddShowCommand(CLI::App& program, Command& chosen);
     void AddDiffCommand(CLI::App& program, Command& chosen);
+    void AddSchemaCommand(CLI::App& program, Command& chosen);
     void AddMICCommands(CLI::App& program, Command& chosen);
 } // namespace tool

@@ -6,6 +6,7 @@
 
 #include "core/nxLogLevelEnum.h"
 #include "tool/collectedLog.h"
+#include "tool/color.h"
 #include "tool/commands.h"
 #include "tool/usage.h"
 
@@ -53,6 +54,10 @@ namespace {
         program.add_option("--log-level", logLevel, "The least level of log lines to show")
             ->check(CLI::IsMember(LogLevelNames()))
             ->capture_default_str();
+        std::string color = ColorChoices().front();
+        program.add_option("--color", color, "Whether to use colours; auto: on a terminal without NO_COLOR")
+            ->check(CLI::IsMember(ColorChoices()))
+            ->capture_default_str();
 
         Command chosen;
         AddTypesCommand(program, chosen);
@@ -60,6 +65,7 @@ namespace {
         AddConvertCommand(program, chosen);
         AddShowCommand(program, chosen);
         AddDiffCommand(program, chosen);
+        AddSchemaCommand(program, chosen);
         AddMICCommands(program, chosen);
         AddFooters(program);
         try {
@@ -69,6 +75,7 @@ namespace {
         }
 
         CollectLog(LogLevel(logLevel));
+        ChooseColor(color);
         return chosen();
     }
 

@@ -82,7 +82,7 @@ namespace {
     // What the register holds that the definitions cannot, and how many of its rows were used.
     ExitStatus Report(const std::string& path, MICRegister& source) {
         std::ranges::stable_sort(source.unusableRows, {}, &MICRegister::UnusableRow::line);
-        const std::string name = Printable(path);
+        const std::string name = DisplayName(path);
         for (const auto& row : source.unusableRows)
             std::cerr << name << ':' << row.line << ": row not used: " << Printable(row.reason) << '\n';
 

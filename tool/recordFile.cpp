@@ -168,7 +168,7 @@ RecordFile tool::ReadRecordOrComplain(const std::string& path) {
     const std::string log = Format(file.log.shown);
     if (!file.result.IsOK())
         std::cerr << FailureLines(path, file.result, file.problem) << log
-                  << FindingLines(path, file.contents, file.findings);
+                  << FormatLosses(path, file.contents, file.findings);
     else if (!log.empty())
         std::cerr << DisplayName(path) << ":\n" << log;
     return file;

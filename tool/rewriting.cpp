@@ -46,7 +46,7 @@ std::optional<ExitStatus> tool::JudgeLosses(const Rewriting& rewriting, const Re
 
     const std::string name = DisplayName(rewriting.input);
     std::cerr << name << ": note: what is named here is not in the output\n"
-              << FindingLines(rewriting.input, file.contents, file.findings);
+              << FormatLosses(rewriting.input, file.contents, file.findings);
     if (!IsOntoInput(rewriting) || rewriting.isLossy)
         return SomeLeftOut;
     std::cerr << "xmlframework: " << name << " is not written over, since that would be lost; see --lossy\n";

@@ -32,6 +32,7 @@ namespace {
         {"convert", Writing, "xmlframework convert --pretty job.xml"},
         {"show", Usual, "xmlframework show mics.xml --filter oslo"},
         {"diff", "0 no difference, 1 some, 2 trouble", "xmlframework diff old.xml new.xml"},
+        {"schema", Usual, "xmlframework schema KJOB -o job.xsd"},
         {"mic", Usual, "xmlframework mic import ISO10383_MIC.csv -o mics.xml"},
         {"import", Writing, "xmlframework mic import ISO10383_MIC.csv -o mics.xml"},
         {"update", Writing, "xmlframework mic update mics.xml ISO10383_MIC.csv -o mics.xml"},

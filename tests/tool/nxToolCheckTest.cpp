@@ -3,7 +3,8 @@
 
 // What `check` says of files.
 
-#include "tests/tool/nxToolFixture.h"
+#include "tests/support/nxToolProcess.h"
+#include "tests/tool/nxToolDocuments.h"
 
 #include <cstdlib>
 #include <utility>
@@ -19,6 +20,12 @@ namespace {
         return "<SyntheticSpreadSpec><Legs><Leg-0><WorkingLeg>true</WorkingLeg>" + firstLeg + both +
                "</Leg-0><Leg-1><HedgeAggressionMethod>Market</HedgeAggressionMethod>" + secondLeg + both +
                "</Leg-1></Legs></SyntheticSpreadSpec>";
+    }
+    std::string UTF16(const std::string& ascii) {
+        std::string utf16 = "\xFE\xFF";
+        for (const char c : ascii)
+            utf16.append(1, '\0').append(1, c);
+        return utf16;
     }
     std::string Hours(const std::string& periods) {
         return "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
@@ -107,21 +114,26 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
          "a.xml:2:10: invalid document structure\n"
          "  2 | <!DOCTYPE MICDefinitionList>\n"
          "    |          ^\n"},
+        {"<?xml version='1.0' encoding='ISO-8859-1'?><A>\xE9\xA3\xE9</B>",
+         "a.xml:1:52: expected end of tag 'A'\n"
+         "  1 | …encoding='ISO-8859-1'?><A>\\xE9\\xA3\\xE9</B>\n"
+         "    |                                          ^\n"},
+        {"<A>\n東京<B>ｱ</C></A>", "a.xml:2:9: expected end of tag 'B'\n"
+                                  "  2 | 東京<B>ｱ</C></A>\n"
+                                  "    |           ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
                     "    |        ^\n"},
     };
     for (const Case& each : cases)
         EXPECT_EQ(_Check(each.document), each.output);
+    EXPECT_EQ(_Check(UTF16("<A>\n</B>")), "a.xml:2:3: expected end of tag 'A'\n");
 }
 
 TEST_F(nxToolCheck, FindsTheRootElementBehindWhatMayStandBeforeIt) {
-    std::string utf16 = "\xFE\xFF";
-    for (const char c : std::string("<MICDefinitionList/>"))
-        utf16.append(1, '\0').append(1, c);
     const std::string documents[] = {
         "\xEF\xBB\xBF<?xml version='1.0'?><!-- <BrokerMap> --> <?a <BrokerMap>?>\n<MICDefinitionList\n/>",
-        utf16,
+        UTF16("<MICDefinitionList/>"),
         "<?xml version='1.0' encoding='ISO-8859-1'?><!-- \xE9 --><MICDefinitionList></MICDefinitionList>"};
     for (const std::string& document : documents) {
         _Write("a.xml", document);
@@ -149,7 +161,7 @@ TEST_F(nxToolCheck, ShowsWhatIsLostInItsPlaceWhenItIsStrict) {
         "  3 |   <MaxTrans x='&#9;'>7 </MaxTrans><AlgorithmSpecName>␉nnnnnnnnnnnnnnnnn…\n"
         "    |                      ^\n"
         "a.xml:3:166: /KestrumJobSpec/X: unknown element 'X'\n"
-        "  3 | …                              <X>\\xC2\\x85</X>                                          …\n"
+        "  3 | …                              <X>\\u0085</X>                                          …\n"
         "    |                                ^\n"
         "  note: 8 elements are not there and have their defaults: see --complete\n");
     EXPECT_EQ(_Check("<BrokerMap><Broker id='1'/></BrokerMap>", {"check", "--complete"}),

@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "tests/support/nxFormatExamples.h"
-#include "tests/tool/nxToolFixture.h"
+#include "tests/support/nxToolProcess.h"
+#include "tests/tool/nxToolDocuments.h"
 
 #include <cstdio>
 #include <ostream>
@@ -17,19 +18,6 @@ namespace {
                                 "ISO COUNTRY CODE (ISO 3166),CITY,WEBSITE,STATUS,CREATION DATE,"
                                 "LAST UPDATE DATE,LAST VALIDATION DATE,EXPIRY DATE,COMMENTS\r\n";
 } // namespace
-
-TEST_F(nxTool, ListsEveryClassOfRecords) {
-    const Outcome types = _Run({"types"});
-    EXPECT_EQ(types.status, 0);
-    EXPECT_EQ(std::ranges::count(types.out, '\n'), 1 + 13);
-    for (const char* const code :
-         {"ALID", "BROK", "EXCH", "ALGO", "KJOB", "KMOD", "XMIC", "SPSI", "SPRD", "TRSL", "URTL"})
-        EXPECT_TRUE(std::regex_search(types.out, std::regex(std::string("\n") + code + "  nx.* yes\n")))
-            << code << types.out;
-    EXPECT_TRUE(
-        std::regex_search(types.out, std::regex("\n      nxKestrumUserLimit +KestrumUserLimit +no\n")));
-    EXPECT_TRUE(std::regex_search(types.out, std::regex("\nOPUS  nx.* no\n")));
-}
 
 TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
     _Write("some.xml", MICList(""));
@@ -210,45 +198,6 @@ TEST_F(nxTool, LeavesTheOutputFileAsItWasWhenItCannotBeWritten) {
     EXPECT_EQ(_Run({"convert", "in.xml", "-o", "no/such/folder.xml"}).status, 1);
 }
 
-TEST_F(nxTool, ShowsATableInWholeCharactersAndWithoutControlCharacters) {
-    _Write("mics.xml", MICList("<MICDefinition-A><MIC>A</MIC><City>TROMSØ</City><Name>LINE&#10;END</Name>"
-                               "</MICDefinition-A><MICDefinition-B><MIC>B</MIC><City>OSLO</City>"
-                               "<Name>\u009B31m&#9;\u007F</Name><IsOperatingMIC>true</IsOperatingMIC>"
-                               "</MICDefinition-B>"));
-    const Outcome outcome = _Run({"show", "mics.xml"});
-    EXPECT_EQ(outcome.status, 0) << outcome.err;
-    EXPECT_EQ(outcome.out,
-              "MIC  OPERATING MIC  O/S  STATUS   COUNTRY  CITY    ACRONYM  NAME\n"
-              "A                   S    DELETED           TROMSØ           LINE\u240AEND\n"
-              "B                   O    DELETED           OSLO             \\xC2\\x9B31m\u2409\u2421\n");
-}
-
-TEST_F(nxTool, ShowsWhatIsAskedFor) {
-    _Write("hours.xml",
-           "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
-           "<Periods><Period><SessionType>CONTINUOUS_TRADING</SessionType>"
-           "<StartTimeZoneRegion>Europe/Oslo</StartTimeZoneRegion><StartTime>21:00:00</StartTime>"
-           "<StartDay>0</StartDay><EndTime>02:59:59</EndTime><EndDay>1</EndDay></Period></Periods>"
-           "</Scheme></TradingHoursSchemes></TradingHoursSchemesList>");
-    EXPECT_EQ(_Run({"show", "hours.xml"}).out,
-              "SCHEME  SESSION              Mon 0    Tue 1    Wed 2    Thu 3    Fri 4    Sat 5    Sun 6      "
-              "FROM                      TO\n"
-              "Night   Continuous trading  |       =|=       |        |        |        |        |        |  "
-              "Mon 21:00:00 Europe/Oslo  Tue 02:59:59\n");
-
-    _Write("brokers.xml",
-           "<BrokerMap><Broker id='9' name='North &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
-    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "NORTH"}).out, "ID  BROKER\n9   North & Sons\n");
-    EXPECT_EQ(_Run({"show", "brokers.xml", "--format", "json"}).out,
-              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"North & Sons\"\n  },\n"
-              "  {\n    \"id\": \"10\",\n    \"name\": \"Harbour\"\n  }\n]\n");
-    _Write("statistics.xml",
-           "<OrvalenPriceStatistics><userID>7</userID><ProductStatistic><productID>P</productID>"
-           "</ProductStatistic></OrvalenPriceStatistics>");
-    EXPECT_NE(_Run({"show", "statistics.xml", "--format", "json"}).out.find("\"ProductStatistic\": [\n"),
-              std::string::npos);
-}
-
 TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
     const auto definition = [](const std::string& name, const std::string& type,
                                const std::string& optional) {
@@ -287,23 +236,6 @@ TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
                            "malformed.xml: FAILED 1000002 Invalid data\n"
                            "  the parameters are malformed, or not those of the algorithm\n"
                            "4 files: 1 OK, 3 FAILED\n");
-}
-
-TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
-    _Write("a.xml", MappingList(Mapping("gone", "1") + Mapping("same", "2") + Mapping("other", "3")));
-    _Write("b.xml", MappingList(Mapping("other", "4") + Mapping("new", "1") + Mapping("same", "2")));
-    const Outcome outcome = _Run({"diff", "a.xml", "b.xml"});
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.out, "AlgoIDMappings/gone: removed\n"
-                           "AlgoIDMappings/other/AlgoID: '3' -> '4'\n"
-                           "AlgoIDMappings/new: added\n"
-                           "1 added, 1 removed, 1 changed\n");
-    const Outcome same = _Run({"diff", "a.xml", "-"}, _Read("a.xml"));
-    EXPECT_EQ(same.status, 0);
-    EXPECT_EQ(same.out, "");
-    _Write("mics.xml", MICList(""));
-    EXPECT_EQ(_Run({"diff", "a.xml", "mics.xml"}).status, 2);
-    EXPECT_EQ(_Run({"diff", "a.xml", "nothing.xml"}).status, 2);
 }
 
 TEST_F(nxTool, ImportsBothLayoutsOfTheRegister) {

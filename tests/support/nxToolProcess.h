@@ -3,8 +3,6 @@
 
 #pragma once
 
-// The command `xmlframework`, run as a process in a folder of its own.
-
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
@@ -27,16 +25,7 @@ struct Outcome {
     std::string err;
 };
 
-inline std::string Mapping(const std::string& path, const std::string& id) {
-    return "<AlgoMapping><AlgoPath>" + path + "</AlgoPath><AlgoID>" + id + "</AlgoID></AlgoMapping>";
-}
-inline std::string MappingList(const std::string& mappings) {
-    return "<AlgoIDMappingList><AlgoIDMappings>" + mappings + "</AlgoIDMappings></AlgoIDMappingList>";
-}
-inline std::string MICList(const std::string& items) {
-    return "<MICDefinitionList><MICDefinitions>" + items + "</MICDefinitions></MICDefinitionList>";
-}
-
+// Runs the command `xmlframework`, or another, as a process in a folder of its own.
 class nxTool : public testing::Test {
 protected:
     void SetUp() override {
@@ -57,8 +46,13 @@ protected:
 
     // `largestFile`: the system refuses to let a file grow beyond.
     Outcome _Run(Arguments arguments, const std::string& in = "", rlim_t largestFile = RLIM_INFINITY) const {
-        _Write(".in", in);
         arguments.insert(arguments.begin(), NX_TOOL_PATH);
+        return _RunProgram(std::move(arguments), in, largestFile);
+    }
+    // The first argument is the program; status 127 when there is none.
+    Outcome _RunProgram(Arguments arguments, const std::string& in = "",
+                        rlim_t largestFile = RLIM_INFINITY) const {
+        _Write(".in", in);
         std::vector<char*> argv;
         std::ranges::transform(arguments, std::back_inserter(argv), [](auto& text) { return text.data(); });
         argv.push_back(nullptr);
@@ -88,7 +82,7 @@ private:
                            _Redirect(".err", O_WRONLY | O_CREAT | O_TRUNC, STDERR_FILENO) &&
                            std::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &limit) == 0;
         if (ready)
-            ::execv(argv.front(), argv.data());
+            ::execvp(argv.front(), argv.data());
         ::_exit(127);
     }
     static bool _Redirect(const char* path, int flags, int descriptor) {
