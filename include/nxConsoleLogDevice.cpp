@@ -9,9 +9,13 @@
 #include <spdlog/pattern_formatter.h>
 #include <spdlog/sinks/stdout_color_sinks.h>
 
+#include <algorithm>
 #include <chrono>
+#include <iterator>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
     spdlog::level::level_enum ConsoleLevel(const nxLogLevelEnum& level) {
@@ -26,21 +30,68 @@ namespace {
         return level == nxLogLevelEnum::Error ? spdlog::level::err : spdlog::level::critical;
     }
 
-    // A control character could break the line or speak to the terminal: it is shown as C writes it.
-    void AppendPrintable(std::string& line, std::string_view text) {
+    using Range = std::pair<unsigned int, unsigned int>;
+
+    bool IsIn(std::span<const Range> ranges, unsigned int number) {
+        return std::ranges::any_of(
+            ranges, [number](const Range& range) { return range.first <= number && number <= range.second; });
+    }
+
+    // Control characters beyond ASCII, line and paragraph separators, and what turns the direction of
+    // writing.
+    constexpr Range Unprintable[] = {
+        {0x80, 0x9F}, {0x61C, 0x61C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+
+    // How many bytes belong to the UTF-8 character that begins a text, one that is beyond ASCII and may be
+    // printed; 0 when none does.
+    std::size_t LengthOfPrintable(std::string_view text) {
+        struct Form {
+            Range first;
+            std::size_t length;
+            Range numbers; // the others have a shorter form, or are no characters at all
+        };
+        static constexpr Form Forms[] = {{{0xC2, 0xDF}, 2, {0x80, 0x7FF}},
+                                         {{0xE0, 0xEF}, 3, {0x800, 0xFFFF}},
+                                         {{0xF0, 0xF4}, 4, {0x10000, 0x10FFFF}}};
+        const auto first = static_cast<unsigned char>(text.front());
+        const auto* const form = std::ranges::find_if(
+            Forms, [first](const Form& known) { return IsIn(std::span(&known.first, 1), first); });
+        if (form == std::end(Forms) || text.size() < form->length)
+            return 0;
+
+        unsigned int number = first & (0x7FU >> form->length);
+        for (const char c : text.substr(1, form->length - 1)) {
+            if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80)
+                return 0;
+            number = number << 6U | (static_cast<unsigned char>(c) & 0x3FU);
+        }
+        return IsIn(std::span(&form->numbers, 1), number) && !IsIn(Unprintable, number) ? form->length : 0;
+    }
+
+    void AppendEscaped(std::string& line, char c) {
         constexpr std::string_view HexDigits = "0123456789ABCDEF";
-        for (const char c : text) {
-            const auto byte = static_cast<unsigned char>(c);
-            if (byte >= 0x20 && byte != 0x7F)
-                line += c;
-            else if (c == '\n')
-                line += "\\n";
-            else if (c == '\r')
-                line += "\\r";
-            else if (c == '\t')
-                line += "\\t";
+        const auto byte = static_cast<unsigned char>(c);
+        if (c == '\n')
+            line += "\\n";
+        else if (c == '\r')
+            line += "\\r";
+        else if (c == '\t')
+            line += "\\t";
+        else
+            line.append("\\x").append({HexDigits[byte >> 4U], HexDigits[byte & 0xFU]});
+    }
+
+    // What could break the line, speak to the terminal or reorder what it shows is written as C does.
+    void AppendPrintable(std::string& line, std::string_view text) {
+        while (!text.empty()) {
+            const auto byte = static_cast<unsigned char>(text.front());
+            const bool isPrintableASCII = byte >= 0x20 && byte < 0x7F;
+            const std::size_t length = isPrintableASCII ? 1 : LengthOfPrintable(text);
+            if (length > 0)
+                line.append(text.substr(0, length));
             else
-                line.append("\\x").append({HexDigits[byte >> 4U], HexDigits[byte & 0xFU]});
+                AppendEscaped(line, text.front());
+            text.remove_prefix(std::max<std::size_t>(length, 1));
         }
     }
 } // namespace

@@ -1,25 +1,38 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "tool/collectedLog.h"
+#include "tool/checkOutcome.h"
 #include "tool/commands.h"
+#include "tool/inputFiles.h"
+#include "tool/parallel.h"
 #include "tool/printable.h"
 #include "tool/recordFile.h"
 #include "tool/terminal.h"
+#include "tool/validity.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 #include "xmlFramework/kestrum/nxKestrumJobSpec.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <iostream>
+#include <thread>
 
 namespace {
     using namespace tool;
+
+    constexpr char Text[] = "text";
+    constexpr char JSON[] = "json";
 
     struct Options {
         std::vector<std::string> files;
         std::string type;
         std::string algorithm;
+        bool isStrict = false;
+        bool isComplete = false;
+        std::size_t jobs = 1;
+        bool isQuiet = false;
+        std::string format = Text;
     };
 
     using Algorithm = RecordOf<nxKestrumAlgorithmSpec>;
@@ -40,31 +53,133 @@ namespace {
         return algorithm.ValidateParameters(parameters, problem) ? nxErrorEnum::OK : nxErrorEnum::InvalidData;
     }
 
-    // Prints what there is to say of the file. True when it is good.
-    bool CheckFile(const std::string& path, const RecordKind* kind, const Algorithm* algorithm,
-                   ProgressBar& progress) {
-        RecordFile file = ReadRecord(path, kind);
-        if (file.result.IsOK()) {
-            file.result = file.record->IsValid();
-            file.problem = "the record is read, but not valid";
-        }
-        const auto* const job = algorithm ? dynamic_cast<Job*>(file.record.get()) : nullptr;
-        if (job && file.result.IsOK())
-            file.result = CheckParameters(algorithm->Get(), job->Get(), file.problem);
+    // One file in question.
+    class Checker {
+    public:
+        Checker(const Options& options, const nxKestrumAlgorithmSpec* algorithm)
+            : _options(options), _kind(FindKindByCode(options.type)), _algorithm(algorithm) {}
 
-        progress.Hide();
-        if (!file.result.IsOK()) {
-            std::cout << FailureLines(path, file.result, file.problem);
-            return false;
+        CheckOutcome Check(const std::string& path) const {
+            RecordFile file = ReadRecord(path, _kind);
+            if (_kind)
+                ForgetRootName(file.findings);
+            CheckOutcome outcome;
+            outcome.path = path;
+            outcome.result = file.result;
+            outcome.findings = std::move(file.findings);
+            outcome.isStrict = _options.isStrict || _options.isComplete;
+            outcome.isComplete = _options.isComplete;
+            if (!file.problem.empty())
+                outcome.problems.push_back(file.problem);
+            if (file.record)
+                CheckRecord(file, outcome);
+            outcome.log.insert(outcome.log.begin(), file.log.shown.begin(), file.log.shown.end());
+            outcome.contents = std::move(file.contents);
+            return outcome;
         }
-        std::cout << Printable(path) << ": OK (" << file.kind->title << ", "
-                  << file.record->MakeView().summary << ")\n"
-                  << TakeLogLines();
-        return true;
+
+    private:
+        // The one that a record of the kind would have; it does not matter.
+        static void ForgetRootName(std::vector<nxXMLFinding>& findings) {
+            std::erase_if(findings, [](const nxXMLFinding& finding) {
+                return finding.kind == nxXMLFinding::Kind::UnknownElement &&
+                       finding.path.find('/', 1) == std::string::npos;
+            });
+        }
+
+        void CheckRecord(const RecordFile& file, CheckOutcome& outcome) const {
+            outcome.kind = file.kind->title;
+            outcome.summary = file.record->MakeView().summary;
+            const Validity validity = FindValidity(file);
+            outcome.result = validity.result;
+            if (!validity.result.IsOK()) {
+                outcome.problems.emplace_back("the record is read, but not valid");
+                outcome.problems.insert(outcome.problems.end(), validity.reasons.begin(),
+                                        validity.reasons.end());
+            }
+            const auto* const job = _algorithm ? dynamic_cast<Job*>(file.record.get()) : nullptr;
+            std::string problem;
+            if (job && outcome.result.IsOK())
+                outcome.result = CheckParameters(*_algorithm, job->Get(), problem);
+            if (!problem.empty())
+                outcome.problems.push_back(problem);
+            outcome.log = TakeLog().shown;
+            CheckLosses(file, outcome);
+        }
+
+        static void CheckLosses(const RecordFile& file, CheckOutcome& outcome) {
+            const bool hasLosses =
+                file.log.hasErrors || std::ranges::any_of(outcome.findings, [&](const nxXMLFinding& finding) {
+                    return outcome.Counts(finding);
+                });
+            if (!hasLosses)
+                return;
+            if (outcome.result.IsOK())
+                outcome.result = nxErrorEnum::InvalidData;
+            outcome.problems.emplace_back(
+                "the record is read, but does not hold just what the document says");
+        }
+
+        const Options& _options;
+        const RecordKind* _kind;
+        const nxKestrumAlgorithmSpec* _algorithm;
+    };
+
+    // Prints what is to be seen of the outcomes, and counts them.
+    class Printer {
+    public:
+        Printer(const Options& options, std::size_t files) : _options(options), _progress(files) {}
+
+        struct Line {
+            bool isGood;
+            std::string text;
+        };
+        Line Format(const CheckOutcome& outcome) const {
+            const bool isGood = outcome.result.IsOK();
+            if (isGood && _options.isQuiet)
+                return {isGood, {}};
+            return {isGood, _options.format == JSON ? FormatJSON(outcome) : FormatText(outcome)};
+        }
+        void Print(const Line& line) {
+            ++(line.isGood ? _good : _bad);
+            if (!line.text.empty()) {
+                _progress.Hide();
+                std::cout << line.text;
+            }
+            _progress.Show(_good + _bad);
+        }
+        void PrintTotals() {
+            const bool isWanted =
+                _options.format == Text && _good + _bad > 1 && (!_options.isQuiet || _bad > 0);
+            if (isWanted)
+                std::cout << _good + _bad << " files: " << _good << " OK, " << _bad << " FAILED\n";
+        }
+        bool IsAllGood() const { return _bad == 0; }
+
+    private:
+        const Options& _options;
+        ProgressBar _progress;
+        std::size_t _good = 0;
+        std::size_t _bad = 0;
+    };
+
+    ExitStatus CheckFiles(const Options& options, const nxKestrumAlgorithmSpec* algorithm) {
+        const InputFiles files = FindInputFiles(options.files);
+        for (const std::string& problem : files.problems)
+            std::cerr << "xmlframework: " << problem << '\n';
+
+        const Checker checker(options, algorithm);
+        Printer printer(options, files.paths.size());
+        const std::size_t threads = options.jobs > 0 ? options.jobs : std::thread::hardware_concurrency();
+        WorkInOrder(
+            files.paths.size(), threads,
+            [&](std::size_t i) { return printer.Format(checker.Check(files.paths[i])); },
+            [&](const Printer::Line& line) { printer.Print(line); });
+        printer.PrintTotals();
+        return printer.IsAllGood() && files.problems.empty() ? AllGood : SomethingBad;
     }
 
     ExitStatus Check(const Options& options) {
-        const RecordKind* const kind = FindKindByCode(options.type);
         RecordFile algorithmFile;
         if (!options.algorithm.empty()) {
             algorithmFile = ReadRecordOrComplain(options.algorithm);
@@ -76,15 +191,7 @@ namespace {
             std::cerr << "xmlframework: " << Printable(options.algorithm) << " is no Kestrum algorithm\n";
             return WrongUse;
         }
-
-        ExitStatus status = AllGood;
-        ProgressBar progress(options.files.size());
-        for (std::size_t i = 0; i < options.files.size(); ++i) {
-            if (!CheckFile(options.files[i], kind, algorithm, progress))
-                status = SomethingBad;
-            progress.Show(i + 1);
-        }
-        return status;
+        return CheckFiles(options, algorithm ? &algorithm->Get() : nullptr);
     }
 
     std::vector<std::string> Codes() {
@@ -100,11 +207,27 @@ namespace {
 void tool::AddCheckCommand(CLI::App& program, Command& chosen) {
     auto* const command = program.add_subcommand("check", "Read files and say whether they are good");
     const auto options = std::make_shared<Options>();
-    command->add_option("FILE", options->files, "Documents; - is standard input")->required();
+    command
+        ->add_option(
+            "FILE", options->files,
+            "Documents; folders, for all *.xml in them; @LIST, for the paths in a file, one a line; - and "
+            "@- are standard input")
+        ->required();
     command->add_option("--type", options->type, "Category code of the records, whatever their root elements")
         ->check(CLI::IsMember(Codes()));
     command->add_option(
         "--algorithm", options->algorithm,
         "Algorithm specification against which the parameters of job specifications are checked");
+    command->add_flag("--strict", options->isStrict, "A file is bad when the record does not hold all of it");
+    command->add_flag("--complete", options->isComplete,
+                      "--strict, and a file is bad when it leaves something to its default");
+    command
+        ->add_option("-j,--jobs", options->jobs,
+                     "How many files to read at once; 0: as many as there are cores")
+        ->capture_default_str();
+    command->add_flag("-q,--quiet", options->isQuiet, "Print only what is bad");
+    command->add_option("--format", options->format, "text, or json: one object a line for each file")
+        ->check(CLI::IsMember({Text, JSON}))
+        ->capture_default_str();
     command->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
 }

@@ -9,6 +9,7 @@
 #include "include/nxLogDevice.h"
 #include "tool/printable.h"
 
+#include <algorithm>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -18,46 +19,53 @@ namespace {
     constexpr std::size_t LongestText = 2000;
     constexpr std::string_view Indentation = "  ";
 
+    thread_local tool::LogLines collected;
+
     // Empty lines and line ends at the borders are the record's layout, not part of what it says.
-    std::string Lines(const nxLog& record) {
-        std::string text = record.GetLogEntry().substr(0, LongestText);
+    std::string Text(const std::string& entry) {
+        std::string text = entry.substr(0, LongestText);
         nxStringHelper::LeftTrim(text);
         nxStringHelper::RightTrim(text);
-
-        std::string lines(Indentation);
-        lines.append(record.GetLevel().GetShortDescription()).append(": ");
-        std::string_view rest = text;
-        for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; rest.remove_prefix(end + 1))
-            lines.append(tool::Printable(rest.substr(0, end)))
-                .append("\n")
-                .append(Indentation)
-                .append(2, ' ');
-        lines += tool::Printable(rest);
-        if (record.GetLogEntry().size() > LongestText)
-            lines += " ... (" + std::to_string(record.GetLogEntry().size() - LongestText) + " more bytes)";
-        return lines + "\n";
+        if (entry.size() > LongestText)
+            text += " ... (" + std::to_string(entry.size() - LongestText) + " more bytes)";
+        return text;
     }
 
     class Collector : public nxLogDevice {
     public:
-        void Write(const nxLog& record) override { _lines += Lines(record); }
-        std::string Take() { return std::exchange(_lines, {}); }
+        explicit Collector(const nxLogLevelEnum& threshold) : _threshold(threshold) {}
+
+        void Write(const nxLog& record) override {
+            const nxLogLevelEnum& level = record.GetLevel();
+            if (level.GetEnumValue() >= nxLogLevelEnum::Error)
+                collected.hasErrors = true;
+            if (level.GetEnumValue() >= _threshold.GetEnumValue())
+                collected.shown.push_back({level, Text(record.GetLogEntry())});
+        }
 
     private:
-        std::string _lines;
+        nxLogLevelEnum _threshold;
     };
-
-    const std::shared_ptr<Collector>& TheCollector() {
-        static const auto collector = std::make_shared<Collector>();
-        return collector;
-    }
 } // namespace
 
 void tool::CollectLog(const nxLogLevelEnum& threshold) {
-    nxLogManager::SetThreshold(threshold);
-    nxLogManager::SetDevices({TheCollector()});
+    constexpr unsigned int Counted = nxLogLevelEnum::Error;
+    nxLogManager::SetThreshold(std::min(Counted, threshold.GetEnumValue()));
+    nxLogManager::SetDevices({std::make_shared<Collector>(threshold)});
 }
 
-std::string tool::TakeLogLines() {
-    return TheCollector()->Take();
+tool::LogLines tool::TakeLog() {
+    return std::exchange(collected, {});
+}
+
+std::string tool::Format(const std::vector<LogLine>& lines) {
+    std::string formatted;
+    for (const LogLine& line : lines) {
+        formatted.append(Indentation).append(line.level.GetShortDescription()).append(": ");
+        std::string_view rest = line.text;
+        for (std::size_t end; (end = rest.find('\n')) != std::string_view::npos; rest.remove_prefix(end + 1))
+            formatted.append(Printable(rest.substr(0, end))).append("\n").append(Indentation).append(2, ' ');
+        formatted.append(Printable(rest)).append("\n");
+    }
+    return formatted;
 }

@@ -6,12 +6,25 @@
 #include "core/nxLogLevelEnum.h"
 
 #include <string>
+#include <vector>
 
 namespace tool {
-    // From now on, log records of this level and above are kept for TakeLogLines and written nowhere else.
+    struct LogLine {
+        nxLogLevelEnum level;
+        std::string text; // without empty lines around it; may hold line ends; what is very long is cut
+    };
+    struct LogLines {
+        std::vector<LogLine> shown;
+        bool hasErrors = false; // whether shown or not
+    };
+
+    // From now on log records are kept, each by the thread that logs it, and written nowhere else. Those
+    // below `threshold` are not shown.
     void CollectLog(const nxLogLevelEnum& threshold);
 
-    // The records since the last call, for people: indented lines "level: text", each with its line end. Very
-    // long texts are cut, which the line says.
-    std::string TakeLogLines();
+    // What this thread has logged since the last call.
+    LogLines TakeLog();
+
+    // For people: indented lines "level: text", each with its line end.
+    std::string Format(const std::vector<LogLine>& lines);
 } // namespace tool

@@ -14,6 +14,7 @@ namespace tool {
         AllGood = 0,
         SomethingBad = 1, // a file could not be used or written, or a part of it
         WrongUse = 2,     // the command line makes no sense
+        SomeLeftOut = 3,  // the output is written, but not all of the input is in it
     };
 
     using Command = std::function<ExitStatus()>;
@@ -25,5 +26,6 @@ namespace tool {
     void AddConvertCommand(CLI::App& program, Command& chosen);
     void AddShowCommand(CLI::App& program, Command& chosen);
     void AddDiffCommand(CLI::App& program, Command& chosen);
+    void AddSchemaCommand(CLI::App& program, Command& chosen);
     void AddMICCommands(CLI::App& program, Command& chosen);
 } // namespace tool

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "core/nxDecimal.h"
+#include "tool/color.h"
 #include "tool/commands.h"
 #include "tool/printable.h"
 #include "tool/recordFile.h"
@@ -9,6 +11,7 @@
 #include <CLI/CLI.hpp>
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <iostream>
 #include <map>
 
@@ -21,128 +24,233 @@ namespace {
     constexpr auto Different = SomethingBad;
     constexpr auto Trouble = WrongUse;
 
-    // Prints how two trees of one class of records differ, one line a difference.
+    struct Options {
+        std::string left;
+        std::string right;
+        std::string format{"text"};
+    };
+
+    struct Difference {
+        enum class Kind { Added, Removed, Changed };
+
+        Kind kind;
+        std::vector<std::string> path; // names of fields, keys or places of items
+        Tree left;                     // of what is removed or changed
+        Tree right;                    // of what is added or changed
+    };
+
+    // What a text stands for: null for none, and a number's states by their names.
+    Tree Value(const nxXMLValueDescription& description, const Tree& text) {
+        using Type = nxXMLValueDescription::Type;
+        switch (description.type) {
+        case Type::Decimal:
+        case Type::Time:
+            return text == "" ? Tree() : text;
+        case Type::Number:
+            if (text == "NULL" || (text == description.null && !description.null.empty()))
+                return nullptr;
+            return text == description.noChange && !description.noChange.empty() ? Tree("NO_CHANGE") : text;
+        default:
+            return text;
+        }
+    }
+
+    bool AreSame(const nxXMLValueDescription& description, const Tree& left, const Tree& right) {
+        if (description.type != nxXMLValueDescription::Type::Decimal || left.is_null() || right.is_null())
+            return left == right;
+        nxDecimal leftNumber; // 1.5 is 1.50
+        nxDecimal rightNumber;
+        leftNumber.SetFromString(left.get_ref<const std::string&>(), '.');
+        rightNumber.SetFromString(right.get_ref<const std::string&>(), '.');
+        return leftNumber == rightNumber;
+    }
+
+    // A field that is not written is null.
+    const Tree& Member(const Tree& object, const std::string& name) {
+        static const Tree null;
+        const auto member = object.find(name);
+        return member == object.end() ? null : *member;
+    }
+
+    // Finds how two trees of one class of records differ, by the description of the class.
     class Comparison {
     public:
-        explicit Comparison(const RecordKind& kind) : _kind(kind) {}
-
-        void Compare(const std::string& path, std::string_view name, const Tree& left, const Tree& right) {
-            if (left == right)
-                return;
-            if (left.is_array() && right.is_array())
-                CompareMaps(path, KeyedItems(name, left), KeyedItems(name, right));
-            else if (left.is_object() && right.is_object())
-                CompareMaps(path, Fields(left), Fields(right));
-            else
-                PrintChange(path, left, right);
+        Comparison(const RecordKind& kind, const Tree& left, const Tree& right) {
+            CompareRecords(kind.description.fields, left, right);
         }
 
-        bool FoundNothing() const { return _added + _removed + _changed == 0; }
-        std::string Summary() const {
-            return std::to_string(_added) + " added, " + std::to_string(_removed) + " removed, " +
-                   std::to_string(_changed) + " changed";
-        }
+        const std::vector<Difference>& GetDifferences() const { return _differences; }
 
     private:
-        struct Part {
+        struct Item {
             std::string name;
             const Tree* tree;
         };
-        using Parts = std::vector<Part>;
+        using Items = std::vector<Item>;
 
-        // Items that share a key are told apart by their order.
-        Parts KeyedItems(std::string_view listName, const Tree& list) const {
-            Parts items;
+        void CompareRecords(const Fields& fields, const Tree& left, const Tree& right) {
+            if (const auto* const items = FindSoleItems(fields))
+                return CompareLists(*items, left, right);
+            for (const nxXMLFieldDescription& field : fields) {
+                const std::string& name = GetNameInTree(field);
+                _path.push_back(name);
+                if (IsList(field))
+                    CompareLists(field, Member(left, name), Member(right, name));
+                else
+                    CompareTexts(field.value, Member(left, name), Member(right, name));
+                _path.pop_back();
+            }
+        }
+
+        void CompareTexts(const nxXMLValueDescription& description, const Tree& left, const Tree& right) {
+            const Tree leftValue = Value(description, left);
+            const Tree rightValue = Value(description, right);
+            if (!AreSame(description, leftValue, rightValue))
+                Add(Difference::Kind::Changed, leftValue, rightValue);
+        }
+
+        void CompareLists(const nxXMLFieldDescription& list, const Tree& left, const Tree& right) {
+            const Items rightItems = NamedItems(list, right);
+            std::map<std::string_view, const Tree*> rightByName;
+            for (const Item& item : rightItems)
+                rightByName.emplace(item.name, item.tree);
+
+            for (const Item& item : NamedItems(list, left)) {
+                _path.push_back(item.name);
+                const auto other = rightByName.find(item.name);
+                if (other == rightByName.end())
+                    Add(Difference::Kind::Removed, *item.tree, nullptr);
+                else {
+                    CompareItems(list, *item.tree, *other->second);
+                    rightByName.erase(other);
+                }
+                _path.pop_back();
+            }
+            for (const Item& item : rightItems) {
+                if (!rightByName.contains(item.name))
+                    continue;
+                _path.push_back(item.name);
+                Add(Difference::Kind::Added, nullptr, *item.tree);
+                _path.pop_back();
+            }
+        }
+
+        void CompareItems(const nxXMLFieldDescription& list, const Tree& left, const Tree& right) {
+            if (list.itemFields.empty())
+                CompareTexts(list.value, left, right);
+            else
+                CompareRecords(list.itemFields, left, right);
+        }
+
+        // Items that share a name are told apart by their order.
+        static Items NamedItems(const nxXMLFieldDescription& list, const Tree& trees) {
+            Items items;
             std::map<std::string, std::size_t> seen;
-            for (std::size_t i = 0; i < list.size(); ++i) {
-                std::string key = ItemKey(_kind, listName, list[i], i);
-                const std::size_t count = ++seen[key];
+            for (const Tree& tree : trees) {
+                std::string name = Name(list, tree, items.size());
+                const std::size_t count = ++seen[name];
                 if (count > 1)
-                    key += " (" + std::to_string(count) + ")";
-                items.push_back({std::move(key), &list[i]});
+                    name += " (" + std::to_string(count) + ")";
+                items.push_back({std::move(name), &tree});
             }
             return items;
         }
 
-        static Parts Fields(const Tree& object) {
-            Parts fields;
-            for (const auto& [name, value] : object.items())
-                fields.push_back({name, &value});
-            return fields;
+        // By its key, else by its place: as the document does where that numbers its items, else from 1.
+        static std::string Name(const nxXMLFieldDescription& list, const Tree& item, std::size_t place) {
+            const auto key = std::ranges::find_if(list.itemFields, &nxXMLFieldDescription::isKey);
+            if (key != list.itemFields.end())
+                return Member(item, key->name).get<std::string>();
+            if (list.itemNames == nxXMLFieldDescription::ItemNames::WithNumber)
+                return list.itemName + std::to_string(place);
+            return list.itemName + "[" + std::to_string(place + 1) + "]";
         }
 
-        void CompareMaps(const std::string& path, const Parts& left, const Parts& right) {
-            std::map<std::string_view, const Tree*> rightByName;
-            for (const Part& part : right)
-                rightByName.emplace(part.name, part.tree);
-
-            for (const Part& part : left) {
-                const auto other = rightByName.find(part.name);
-                if (other == rightByName.end()) {
-                    PrintLine(Join(path, part.name), "removed");
-                    ++_removed;
-                    continue;
-                }
-                Compare(Join(path, part.name), part.name, *part.tree, *other->second);
-                rightByName.erase(other);
-            }
-            for (const Part& part : right) {
-                if (!rightByName.contains(part.name))
-                    continue;
-                PrintLine(Join(path, part.name), "added");
-                ++_added;
-            }
+        void Add(Difference::Kind kind, Tree left, Tree right) {
+            _differences.push_back({kind, _path, std::move(left), std::move(right)});
         }
 
-        void PrintChange(const std::string& path, const Tree& left, const Tree& right) {
-            PrintLine(path, Text(left) + " -> " + Text(right));
-            ++_changed;
-        }
-
-        static std::string Text(const Tree& tree) {
-            return tree.is_string() ? "'" + tree.get<std::string>() + "'" : tree.dump();
-        }
-        static std::string Join(const std::string& path, const std::string& name) {
-            return path.empty() ? name : path + "/" + name;
-        }
-        static void PrintLine(const std::string& path, const std::string& what) {
-            std::cout << Printable(path + ": " + what) << '\n';
-        }
-
-        const RecordKind& _kind;
-        std::size_t _added = 0;
-        std::size_t _removed = 0;
-        std::size_t _changed = 0;
+        std::vector<std::string> _path;
+        std::vector<Difference> _differences;
     };
 
-    ExitStatus Diff(const std::string& leftPath, const std::string& rightPath) {
-        const RecordFile left = ReadRecordOrComplain(leftPath);
-        const RecordFile right = ReadRecordOrComplain(rightPath);
+    std::string Text(const Tree& value) {
+        return value.is_string() ? "'" + value.get<std::string>() + "'" : value.dump();
+    }
+
+    void PrintLine(const Difference& difference) {
+        std::string path;
+        for (const std::string& name : difference.path)
+            path.append(path.empty() ? "" : "/").append(name);
+        path += ": ";
+        switch (difference.kind) {
+        case Difference::Kind::Added:
+            std::cout << Paint(Color::Green, Printable(path + "added")) << '\n';
+            break;
+        case Difference::Kind::Removed:
+            std::cout << Paint(Color::Red, Printable(path + "removed")) << '\n';
+            break;
+        case Difference::Kind::Changed:
+            std::cout << Printable(path) << Paint(Color::Red, Printable(Text(difference.left))) << " -> "
+                      << Paint(Color::Green, Printable(Text(difference.right))) << '\n';
+            break;
+        }
+    }
+
+    void PrintJSON(const Difference& difference) {
+        Tree line = Tree::object();
+        const bool isAdded = difference.kind == Difference::Kind::Added;
+        const bool isRemoved = difference.kind == Difference::Kind::Removed;
+        line["change"] = isAdded ? "added" : isRemoved ? "removed" : "changed";
+        line["path"] = difference.path;
+        if (!isAdded)
+            line["left"] = difference.left;
+        if (!isRemoved)
+            line["right"] = difference.right;
+        std::cout << line.dump() << '\n';
+    }
+
+    std::string Summary(const std::vector<Difference>& differences) {
+        const auto count = [&differences](Difference::Kind kind) {
+            return std::to_string(std::ranges::count(differences, kind, &Difference::kind));
+        };
+        return count(Difference::Kind::Added) + " added, " + count(Difference::Kind::Removed) + " removed, " +
+               count(Difference::Kind::Changed) + " changed";
+    }
+
+    void Print(const std::vector<Difference>& differences, const std::string& format) {
+        std::ranges::for_each(differences, format == "json" ? PrintJSON : PrintLine);
+        if (format != "json" && !differences.empty())
+            std::cout << Summary(differences) << '\n';
+    }
+
+    ExitStatus Diff(const Options& options) {
+        const RecordFile left = ReadRecordOrComplain(options.left);
+        const RecordFile right = ReadRecordOrComplain(options.right);
         if (!left.record || !right.record)
             return Trouble;
         if (left.kind != right.kind) {
-            std::cerr << "xmlframework: " << Printable(leftPath) << " is a record of the class "
-                      << left.kind->className << ", " << Printable(rightPath) << " one of "
+            std::cerr << "xmlframework: " << Printable(options.left) << " is a record of the class "
+                      << left.kind->className << ", " << Printable(options.right) << " one of "
                       << right.kind->className << '\n';
             return Trouble;
         }
 
-        Comparison comparison(*left.kind);
-        comparison.Compare({}, left.kind->root, MakeTree(*left.record, *left.kind),
-                           MakeTree(*right.record, *right.kind));
-        if (comparison.FoundNothing())
-            return Same;
-        std::cout << comparison.Summary() << '\n';
-        return Different;
+        const Comparison comparison(*left.kind, MakeTree(*left.record, *left.kind),
+                                    MakeTree(*right.record, *right.kind));
+        Print(comparison.GetDifferences(), options.format);
+        return comparison.GetDifferences().empty() ? Same : Different;
     }
 } // namespace
 
 void tool::AddDiffCommand(CLI::App& program, Command& chosen) {
     auto* const command = program.add_subcommand(
         "diff", "Say how two records differ; exit status 0: not at all, 1: they do, 2: trouble");
-    const auto left = std::make_shared<std::string>();
-    const auto right = std::make_shared<std::string>();
-    command->add_option("A", *left, "Document; - is standard input")->required();
-    command->add_option("B", *right, "Document of the same class")->required();
-    command->callback([left, right, &chosen] { chosen = [left, right] { return Diff(*left, *right); }; });
+    const auto options = std::make_shared<Options>();
+    command->add_option("A", options->left, "Document; - is standard input")->required();
+    command->add_option("B", options->right, "Document of the same class")->required();
+    command->add_option("--format", options->format, "text, or json with an object for each difference")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->capture_default_str();
+    command->callback([options, &chosen] { chosen = [options] { return Diff(*options); }; });
 }

@@ -6,7 +6,9 @@
 
 #include "core/nxLogLevelEnum.h"
 #include "tool/collectedLog.h"
+#include "tool/color.h"
 #include "tool/commands.h"
+#include "tool/usage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,6 +35,15 @@ namespace {
         return level;
     }
 
+    // --help and --version come here as well.
+    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked) {
+        const std::string unknown = asked.get_exit_code() == 0 ? std::string() : DescribeUnknown(program);
+        if (unknown.empty())
+            return program.exit(asked) == 0 ? AllGood : WrongUse;
+        std::cerr << "xmlframework: " << unknown << "\nRun with --help for more information.\n";
+        return WrongUse;
+    }
+
     ExitStatus RunCommandLine(int argc, const char* const* argv) {
         CLI::App program("Looks at exchange reference data and specification records in XML.",
                          "xmlframework");
@@ -43,6 +54,10 @@ namespace {
         program.add_option("--log-level", logLevel, "The least level of log lines to show")
             ->check(CLI::IsMember(LogLevelNames()))
             ->capture_default_str();
+        std::string color = ColorChoices().front();
+        program.add_option("--color", color, "Whether to use colours; auto: on a terminal without NO_COLOR")
+            ->check(CLI::IsMember(ColorChoices()))
+            ->capture_default_str();
 
         Command chosen;
         AddTypesCommand(program, chosen);
@@ -50,14 +65,17 @@ namespace {
         AddConvertCommand(program, chosen);
         AddShowCommand(program, chosen);
         AddDiffCommand(program, chosen);
+        AddSchemaCommand(program, chosen);
         AddMICCommands(program, chosen);
+        AddFooters(program);
         try {
             program.parse(argc, argv);
         } catch (const CLI::ParseError& asked) {
-            return program.exit(asked) == 0 ? AllGood : WrongUse; // --help and --version come here as well
+            return EndEarly(program, asked);
         }
 
         CollectLog(LogLevel(logLevel));
+        ChooseColor(color);
         return chosen();
     }
 

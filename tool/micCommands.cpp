@@ -6,6 +6,7 @@
 #include "tool/micRegister.h"
 #include "tool/printable.h"
 #include "tool/recordFile.h"
+#include "tool/rewriting.h"
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
 #include <CLI/CLI.hpp>
@@ -21,11 +22,12 @@ namespace {
     constexpr char Windows1252Option[] = "windows-1252";
 
     struct Options {
-        std::string xml;
+        Rewriting xml{{}, std::string(StandardStream)};
         std::string csv;
         std::string encoding; // empty: to be detected
-        std::string output{StandardStream};
     };
+
+    using MICs = RecordOf<nxMICDefinitionList>;
 
     std::optional<MICRegister> ReadRegisterOrComplain(const Options& options) {
         std::string csv;
@@ -46,26 +48,23 @@ namespace {
         return std::nullopt;
     }
 
-    // Null, said on standard error, when the file holds no MIC definition list.
-    std::unique_ptr<Record> ReadMICsOrComplain(const std::string& path, nxMICDefinitionList*& mics) {
-        std::unique_ptr<Record> record = ReadRecordOrComplain(path).record;
-        auto* const ours = dynamic_cast<RecordOf<nxMICDefinitionList>*>(record.get());
-        if (ours) {
+    // Its record is null, which is said on standard error, when the file holds no MIC definition list.
+    RecordFile ReadMICsOrComplain(const std::string& path, nxMICDefinitionList*& mics) {
+        RecordFile file = ReadRecordOrComplain(path);
+        if (auto* const ours = dynamic_cast<MICs*>(file.record.get())) {
             mics = &ours->Get();
-            return record;
+            return file;
         }
-        if (record)
+        if (file.record)
             std::cerr << FailureLines(path, nxErrorEnum::InvalidData, "this is no MIC definition list");
-        return nullptr;
+        file.record = nullptr;
+        return file;
     }
 
-    bool WriteMICs(const std::string& path, nxMICDefinitionList& mics) {
+    ExitStatus WriteMICs(const std::string& from, const std::string& to, Record& mics, ExitStatus status) {
         std::string xml;
-        const nxErrorEnum result = mics.ConvertToXML(xml, std::string());
-        if (result.IsOK())
-            return WriteOutput(path, xml);
-        std::cerr << FailureLines(path, result, "the definitions cannot be written");
-        return false;
+        const bool isWritten = WriteXML(from, mics, *FindKindByCode("XMIC"), xml) && WriteOutput(to, xml);
+        return isWritten ? status : SomethingBad;
     }
 
     // Adds a definition. A row that is not full becomes an unusable one.
@@ -83,7 +82,7 @@ namespace {
     // What the register holds that the definitions cannot, and how many of its rows were used.
     ExitStatus Report(const std::string& path, MICRegister& source) {
         std::ranges::stable_sort(source.unusableRows, {}, &MICRegister::UnusableRow::line);
-        const std::string name = Printable(path);
+        const std::string name = DisplayName(path);
         for (const auto& row : source.unusableRows)
             std::cerr << name << ':' << row.line << ": row not used: " << Printable(row.reason) << '\n';
 
@@ -100,7 +99,7 @@ namespace {
         const std::size_t rows = source.rows.size() + unusable;
         std::cerr << name << ": " << rows << " rows in " << GetName(source.encoding) << ", "
                   << rows - unusable << " used, " << unusable << " not used\n";
-        return unusable == 0 ? AllGood : SomethingBad;
+        return unusable == 0 ? AllGood : SomeLeftOut;
     }
 
     ExitStatus Import(const Options& options) {
@@ -108,10 +107,11 @@ namespace {
         if (!source)
             return SomethingBad;
 
-        nxMICDefinitionList mics;
-        std::erase_if(source->rows, [&](const MICRegister::Row& row) { return !Add(row, mics, *source); });
+        MICs mics;
+        std::erase_if(source->rows,
+                      [&](const MICRegister::Row& row) { return !Add(row, mics.Get(), *source); });
         const ExitStatus status = Report(options.csv, *source);
-        return WriteMICs(options.output, mics) ? status : SomethingBad;
+        return WriteMICs(options.csv, options.xml.output, mics, status);
     }
 
     // The row with only those columns that say something else than the definition does, so that an update
@@ -185,31 +185,29 @@ namespace {
 
     ExitStatus Update(const Options& options) {
         nxMICDefinitionList* mics = nullptr;
-        const std::unique_ptr<Record> record = ReadMICsOrComplain(options.xml, mics);
-        std::optional<MICRegister> source = record ? ReadRegisterOrComplain(options) : std::nullopt;
+        const RecordFile file = ReadMICsOrComplain(options.xml.input, mics);
+        const std::optional<ExitStatus> judged = file.record ? JudgeLosses(options.xml, file) : std::nullopt;
+        std::optional<MICRegister> source = judged ? ReadRegisterOrComplain(options) : std::nullopt;
         if (!source)
             return SomethingBad;
 
         // Standard output is for what the command makes: the document, or else the list of changes.
-        Updater updater(*mics, options.output == StandardStream ? std::cerr : std::cout);
+        Updater updater(*mics, options.xml.output == StandardStream ? std::cerr : std::cout);
         std::erase_if(source->rows,
                       [&](const MICRegister::Row& row) { return !updater.Update(row, *source); });
         updater.TellGone(*source);
         updater.TellTotals();
-        const ExitStatus status = Report(options.csv, *source);
-        return WriteMICs(options.output, *mics) ? status : SomethingBad;
+        const ExitStatus status = std::max(*judged, Report(options.csv, *source));
+        return WriteMICs(options.xml.input, options.xml.output, *file.record, status);
     }
 
     ExitStatus Export(const Options& options) {
         nxMICDefinitionList* mics = nullptr;
-        const std::unique_ptr<Record> record = ReadMICsOrComplain(options.xml, mics);
-        if (!record)
+        const RecordFile file = ReadMICsOrComplain(options.xml.input, mics);
+        const std::optional<ExitStatus> judged = file.record ? JudgeLosses(options.xml, file) : std::nullopt;
+        if (!judged)
             return SomethingBad;
-        if (const nxErrorEnum result = mics->IsValid(); !result.IsOK()) {
-            std::cerr << FailureLines(options.xml, result, "a definition has no MIC");
-            return SomethingBad;
-        }
-        return WriteOutput(options.output, WriteMICRegister(*mics)) ? AllGood : SomethingBad;
+        return WriteOutput(options.xml.output, WriteMICRegister(*mics)) ? *judged : SomethingBad;
     }
 
     using Job = ExitStatus (*)(const Options&);
@@ -221,7 +219,8 @@ namespace {
     }
 
     void AddXML(CLI::App& command, Options& options) {
-        command.add_option("MICS.xml", options.xml, "MIC definition list; - is standard input")->required();
+        command.add_option("MICS.xml", options.xml.input, "MIC definition list; - is standard input")
+            ->required();
     }
     void AddRegister(CLI::App& command, Options& options) {
         command.add_option("REGISTER.csv", options.csv, "Register as published; - is standard input")
@@ -231,7 +230,7 @@ namespace {
             ->check(CLI::IsMember({UTF8Option, Windows1252Option}));
     }
     void AddOutput(CLI::App& command, Options& options) {
-        command.add_option("-o,--output", options.output, "File to write instead of standard output");
+        command.add_option("-o,--output", options.xml.output, "File to write instead of standard output");
     }
 } // namespace
 
@@ -249,6 +248,8 @@ void tool::AddMICCommands(CLI::App& program, Command& chosen) {
     AddXML(update, *updateOptions);
     AddRegister(update, *updateOptions);
     AddOutput(update, *updateOptions);
+    update.add_flag("--lossy", updateOptions->xml.isLossy,
+                    "Write over MICS.xml even where the list does not hold all of it");
 
     CLI::App& publish = *mic.add_subcommand("export", "Make a register of a MIC definition list");
     const auto publishOptions = SetJob(publish, chosen, Export);

@@ -76,6 +76,33 @@ namespace {
         std::string problem;
     };
 
+    void AddToList(std::string& list, const std::string& heading) {
+        list.append(list.empty() ? "" : ", ").append(heading);
+    }
+
+    // The headings of columns that a register needs and this one has not.
+    std::string FindMissing(const Layout& layout) {
+        std::string missing;
+        for (unsigned int i = 0; i < ColumnCount; ++i) {
+            std::string heading(Columns[i].heading);
+            if (Columns[i].newerHeading != Columns[i].heading)
+                heading.append(" or ").append(Columns[i].newerHeading);
+            if (!layout.places[i] && i != Country)
+                AddToList(missing, heading);
+        }
+        return missing;
+    }
+
+    std::string FindHeadings(const nxCSVFileRow& header) {
+        constexpr std::size_t Longest = 1000; // any file may have been taken for a register
+        std::string found;
+        for (unsigned int i = 0; i < header.GetColCount() && found.size() < Longest; ++i)
+            AddToList(found, "'" + header.GetColValue(i) + "'");
+        if (found.size() >= Longest)
+            return found.substr(0, Longest) + "...";
+        return found.empty() ? "none" : found;
+    }
+
     Layout FindLayout(const nxCSVFileRow& header) {
         Layout layout;
         layout.columnCount = header.GetColCount();
@@ -95,13 +122,9 @@ namespace {
             found = place;
         }
 
-        std::string missing;
-        for (unsigned int i = 0; i < ColumnCount; ++i) {
-            if (!layout.places[i] && i != Country)
-                missing.append(missing.empty() ? "" : ", ").append(Columns[i].heading);
-        }
-        if (!missing.empty())
-            layout.problem = "no register of market identifier codes: the header row lacks " + missing;
+        if (const std::string missing = FindMissing(layout); !missing.empty())
+            layout.problem = "no register of market identifier codes: the header row lacks " + missing +
+                             "; it has " + FindHeadings(header);
         return layout;
     }
 

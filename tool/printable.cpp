@@ -3,59 +3,81 @@
 
 #include "tool/printable.h"
 
-#include <algorithm>
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 namespace {
-    constexpr unsigned char Delete = 0x7F;
+    constexpr UChar32 Delete = 0x7F;
 
-    bool IsContinuation(char byte) {
-        return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80;
+    // The first character of a text that is not empty; negative when its bytes are no UTF-8. Takes its bytes
+    // away from the text.
+    UChar32 TakeCharacter(std::string_view& text) {
+        std::size_t length = 0;
+        UChar32 character = 0;
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wconversion" // within ICU's own macro
+        U8_NEXT(text.data(), length, text.size(), character);
+#pragma GCC diagnostic pop
+        text.remove_prefix(length);
+        return character;
     }
 
-    std::size_t LengthByFirstByte(unsigned char byte) {
-        if (byte < 0x80)
-            return 1;
-        if (byte >= 0xC2 && byte <= 0xDF)
-            return 2;
-        if (byte >= 0xE0 && byte <= 0xEF)
-            return 3;
-        return byte >= 0xF0 && byte <= 0xF4 ? 4 : 0;
-    }
-
-    // The bytes of the first character; empty when they are no UTF-8.
-    std::string_view FirstCharacter(std::string_view text) {
-        const std::string_view character =
-            text.substr(0, LengthByFirstByte(static_cast<unsigned char>(text.front())));
-        const bool whole = character.size() == LengthByFirstByte(static_cast<unsigned char>(text.front()));
-        return whole && std::ranges::all_of(character.substr(std::min<std::size_t>(1, character.size())),
-                                            IsContinuation)
-                   ? character
-                   : std::string_view();
-    }
-
-    std::string Escaped(std::string_view bytes) {
+    std::string Escaped(const char* prefix, unsigned int number, unsigned int digits) {
         constexpr std::string_view Digits = "0123456789ABCDEF";
+        std::string escaped(prefix);
+        while (digits-- > 0)
+            escaped += Digits[number >> (4 * digits) & 0xFU];
+        return escaped;
+    }
+
+    std::string EscapedBytes(std::string_view bytes) {
         std::string escaped;
-        for (const char c : bytes) {
-            const auto byte = static_cast<unsigned char>(c);
-            escaped.append("\\x").append(1, Digits[byte >> 4U]).append(1, Digits[byte & 0xFU]);
-        }
+        for (const char byte : bytes)
+            escaped += Escaped("\\x", static_cast<unsigned char>(byte), 2);
         return escaped;
     }
 
     // U+2400 to U+241F picture the characters 0 to 31, U+2421 the one behind the last ASCII letter.
-    std::string Picture(unsigned char control) {
-        const int offset = control == Delete ? 0x21 : control;
+    std::string Picture(UChar32 control) {
+        const UChar32 offset = control == Delete ? 0x21 : control;
         return "\xE2\x90" + std::string(1, static_cast<char>(0x80 + offset));
     }
 
-    std::string PrintableCharacter(std::string_view character) {
-        const auto first = static_cast<unsigned char>(character.front());
-        if (first < ' ' || first == Delete)
-            return Picture(first);
-        if (first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0) // U+0080 to U+009F
-            return Escaped(character);
-        return std::string(character);
+    bool DoesMoreThanAppear(UChar32 character) {
+        switch (u_charType(character)) {
+        case U_CONTROL_CHAR:
+        case U_LINE_SEPARATOR:
+        case U_PARAGRAPH_SEPARATOR:
+            return true;
+        default:
+            return u_hasBinaryProperty(character, UCHAR_BIDI_CONTROL);
+        }
+    }
+
+    std::string PrintableCharacter(UChar32 character, std::string_view bytes) {
+        if (character < 0)
+            return EscapedBytes(bytes);
+        if (character < ' ' || character == Delete)
+            return Picture(character);
+        if (DoesMoreThanAppear(character))
+            return Escaped("\\u", static_cast<unsigned int>(character), 4);
+        return std::string(bytes);
+    }
+
+    std::size_t Columns(UChar32 character) {
+        switch (u_charType(character)) {
+        case U_NON_SPACING_MARK:
+        case U_ENCLOSING_MARK:
+        case U_FORMAT_CHAR:
+            return 0;
+        default:
+            break;
+        }
+        const int syllable = u_getIntPropertyValue(character, UCHAR_HANGUL_SYLLABLE_TYPE);
+        if (syllable == U_HST_VOWEL_JAMO || syllable == U_HST_TRAILING_JAMO) // part of the syllable before
+            return 0;
+        const int width = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+        return width == U_EA_WIDE || width == U_EA_FULLWIDTH ? 2 : 1;
     }
 } // namespace
 
@@ -63,22 +85,29 @@ std::string tool::Printable(std::string_view text) {
     std::string printable;
     printable.reserve(text.size());
     while (!text.empty()) {
-        const std::string_view character = FirstCharacter(text);
-        printable += character.empty() ? Escaped(text.substr(0, 1)) : PrintableCharacter(character);
-        text.remove_prefix(std::max<std::size_t>(1, character.size()));
+        const std::string_view before = text;
+        const UChar32 character = TakeCharacter(text);
+        printable += PrintableCharacter(character, before.substr(0, before.size() - text.size()));
     }
     return printable;
 }
 
-std::size_t tool::CountCharacters(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) { return !IsContinuation(c); }));
+std::size_t tool::CountColumns(std::string_view text) {
+    std::size_t count = 0;
+    while (!text.empty())
+        count += Columns(TakeCharacter(text));
+    return count;
 }
 
-std::string_view tool::FirstCharacters(std::string_view text, std::size_t count) {
-    std::size_t end = 0;
-    for (; end < text.size(); ++end) {
-        if (!IsContinuation(text[end]) && count-- == 0)
+std::string_view tool::FirstColumns(std::string_view text, std::size_t count) {
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        std::string_view next = rest;
+        const std::size_t columns = Columns(TakeCharacter(next));
+        if (columns > count)
             break;
+        count -= columns;
+        rest = next;
     }
-    return text.substr(0, end);
+    return text.substr(0, text.size() - rest.size());
 }

@@ -8,14 +8,16 @@
 #include <string_view>
 
 namespace tool {
-    // The text as one line that does nothing to a terminal but appear on it: control characters become their
-    // pictures (a line feed becomes U+240A), and bytes that are no UTF-8 text become "\x" and two digits.
+    // The text as one line that does nothing to a terminal but appear on it, in its own order: ASCII control
+    // characters become their pictures (a line feed becomes U+240A), other control characters, line
+    // separators and those that turn the direction of writing "\u" and four digits, and bytes that are no
+    // UTF-8 text "\x" and two.
     std::string Printable(std::string_view text);
 
-    // How many characters a text from Printable has. A terminal gives each one column, but for the wide
-    // East-Asian ones.
-    std::size_t CountCharacters(std::string_view text);
+    // How many columns of a terminal a text from Printable takes: East-Asian wide characters take two,
+    // combining ones none.
+    std::size_t CountColumns(std::string_view text);
 
-    // The first `count` characters of a text from Printable.
-    std::string_view FirstCharacters(std::string_view text, std::size_t count);
+    // As much of the beginning of a text from Printable as `count` columns hold, with what combines with it.
+    std::string_view FirstColumns(std::string_view text, std::size_t count);
 } // namespace tool

@@ -5,42 +5,114 @@
 
 #include "core/nxFileHelper.h"
 #include "core/nxStringHelper.h"
-#include "tool/collectedLog.h"
+#include "tool/findingLines.h"
+#include "tool/nearest.h"
 #include "tool/printable.h"
 #include "tool/terminal.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
 
-#include <filesystem>
+#include <algorithm>
 #include <iostream>
 #include <iterator>
-#include <system_error>
+#include <mutex>
 
 namespace {
     using namespace tool;
 
-    // A file is loaded by its name, so that the parser's messages have it. What can be read but once (a pipe,
-    // standard input) is loaded from what was read.
-    nxErrorEnum Load(nxXMLDocument& document, const std::string& path, const std::string& contents) {
-        std::error_code ignored;
-        const bool isFile = path != StandardStream && std::filesystem::is_regular_file(path, ignored);
-        return isFile ? document.LoadFromFile(path) : document.LoadFromString(contents);
+    void SkipBehind(std::string_view& text, std::string_view mark) {
+        const std::size_t found = text.find(mark);
+        text.remove_prefix(found == std::string_view::npos ? text.size() : found + mark.size());
     }
 
-    nxErrorEnum ReadRoot(const std::string& path, const std::string& contents, std::string& root) {
-        nxXMLDocument document;
-        const nxErrorEnum result = Load(document, path, contents);
-        root = document.GetRootElement().GetName();
-        return result;
+    // What seems to be the root element's name. It is the true one when a record has such a name and the
+    // document is well-formed, which reading it will tell; for all others the parser is asked.
+    std::string_view GuessRoot(std::string_view xml) {
+        constexpr std::string_view Blanks = " \t\r\n";
+        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; xml.starts_with(Mark))
+            xml.remove_prefix(Mark.size());
+        for (;;) {
+            xml.remove_prefix(std::min(xml.find_first_not_of(Blanks), xml.size()));
+            if (xml.starts_with("<?"))
+                SkipBehind(xml, "?>");
+            else if (xml.starts_with("<!--"))
+                SkipBehind(xml, "-->");
+            else
+                break;
+        }
+        if (!xml.starts_with('<'))
+            return {};
+        xml.remove_prefix(1);
+        return xml.substr(0, xml.find_first_of(" \t\r\n/>"));
     }
 
-    RecordFile Failure(const nxErrorEnum& result, const std::string& problem) {
-        return {result, problem, nullptr, nullptr};
+    // These two are read by a report as if they were records of the library.
+    struct Root {
+        std::string name;
+
+        nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& /*logPrefix*/) {
+            nxXMLDocument document;
+            const nxErrorEnum result = document.LoadFromString(xml);
+            name = document.GetRootElement().GetName();
+            return result;
+        }
+    };
+    struct AnyRecord {
+        Record& record;
+
+        nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& /*logPrefix*/) {
+            return record.ConvertFromXML(xml);
+        }
+    };
+
+    std::string SuggestRoot(const std::string& root) {
+        std::vector<std::string> roots;
+        std::ranges::transform(RecordKinds(), std::back_inserter(roots), &RecordKind::root);
+        return SuggestName(root, roots);
+    }
+
+    // The kind that the root element tells. Null, with the result in the file, when there is none.
+    const RecordKind* FindKind(RecordFile& file, nxXMLReport& report) {
+        const std::string_view guess = GuessRoot(file.contents);
+        if (const RecordKind* const kind = FindKindByRoot(guess))
+            return kind;
+        if (guess == "!DOCTYPE")
+            file.problem = "no record may have a DOCTYPE";
+        Root root;
+        file.result = report.Read(root, file.contents, {});
+        if (!file.result.IsOK())
+            return nullptr;
+        const RecordKind* const kind = FindKindByRoot(root.name);
+        if (!kind) {
+            file.result = nxErrorEnum::InvalidData;
+            file.problem = "no record has the root element \"" + root.name + "\"" + SuggestRoot(root.name);
+        }
+        return kind;
+    }
+
+    void ReadContents(RecordFile& file, const RecordKind* kind, nxXMLReport& report) {
+        if (!kind)
+            kind = FindKind(file, report);
+        if (!kind)
+            return;
+        auto record = kind->make();
+        AnyRecord any{*record};
+        file.result = report.Read(any, file.contents, {});
+        if (!file.result.IsOK())
+            return;
+        file.kind = kind;
+        file.record = std::move(record);
     }
 } // namespace
+
+std::string tool::DisplayName(const std::string& path) {
+    return path == StandardStream ? "<stdin>" : Printable(path);
+}
 
 nxErrorEnum tool::ReadInput(const std::string& path, std::string& contents, std::string& problem) {
     if (path != StandardStream)
         return nxFileHelper::Read(path, contents, problem);
+    static std::mutex mutex;
+    const std::lock_guard guard(mutex);
     contents.assign(std::istreambuf_iterator<char>(std::cin), {});
     return nxErrorEnum::OK;
 }
@@ -61,40 +133,43 @@ bool tool::WriteOutput(const std::string& path, std::string_view contents) {
 }
 
 RecordFile tool::ReadRecord(const std::string& path, const RecordKind* kind) {
-    std::string contents;
-    std::string text;
-    nxErrorEnum result = ReadInput(path, contents, text);
-    if (!result.IsOK())
-        return Failure(result, text);
-    result = ReadRoot(path, contents, text);
-    if (!result.IsOK())
-        return Failure(result, {});
-    if (!kind)
-        kind = FindKindByRoot(text);
-    if (!kind)
-        return Failure(nxErrorEnum::InvalidData, "no record has the root element \"" + text + "\"");
+    RecordFile file;
+    file.result = ReadInput(path, file.contents, file.problem);
+    if (!file.result.IsOK())
+        return file;
 
-    auto record = kind->make();
-    result = record->ConvertFromXML(contents);
-    if (!result.IsOK())
-        return Failure(result, {});
-    return {result, {}, kind, std::move(record)};
+    nxXMLReport report;
+    ReadContents(file, kind, report);
+    file.findings = report.GetFindings();
+    file.log = TakeLog();
+    using Kind = nxXMLFinding::Kind;
+    if (std::ranges::find(file.findings, Kind::NotWellFormed, &nxXMLFinding::kind) != file.findings.end()) {
+        file.result = nxErrorEnum::XMLParseFailed; // as records do not say it
+        file.log.shown.clear();                    // it says the same, of a text without a name
+    }
+    return file;
+}
+
+bool tool::IsLeftOut(const nxXMLFinding& finding) {
+    return finding.kind == nxXMLFinding::Kind::ItemLeftOut;
 }
 
 std::string tool::FailureLines(const std::string& path, const nxErrorEnum& result,
                                const std::string& problem) {
-    std::string lines = Printable(path) + ": FAILED " + nxStringHelper::GetAsString(result.GetEnumValue()) +
+    std::string lines = DisplayName(path) + ": FAILED " + nxStringHelper::GetAsString(result.GetEnumValue()) +
                         " " + result.GetShortDescription() + "\n";
     if (!problem.empty())
         lines += "  " + Printable(problem) + "\n";
-    return lines + TakeLogLines();
+    return lines;
 }
 
 RecordFile tool::ReadRecordOrComplain(const std::string& path) {
     RecordFile file = ReadRecord(path);
+    const std::string log = Format(file.log.shown);
     if (!file.result.IsOK())
-        std::cerr << FailureLines(path, file.result, file.problem);
-    else if (const std::string log = TakeLogLines(); !log.empty())
-        std::cerr << Printable(path) << ":\n" << log;
+        std::cerr << FailureLines(path, file.result, file.problem) << log
+                  << FormatLosses(path, file.contents, file.findings);
+    else if (!log.empty())
+        std::cerr << DisplayName(path) << ":\n" << log;
     return file;
 }

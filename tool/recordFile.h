@@ -4,15 +4,21 @@
 #pragma once
 
 #include "include/nxErrorEnum.h"
+#include "tool/collectedLog.h"
 #include "tool/recordKinds.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tool {
     // In place of a file name: standard input, or standard output.
     inline constexpr std::string_view StandardStream = "-";
+
+    // What messages call an input.
+    std::string DisplayName(const std::string& path);
 
     // The whole file. nxErrorEnum::InputNotUsable, with `problem` for people, when it cannot be read.
     nxErrorEnum ReadInput(const std::string& path, std::string& contents, std::string& problem);
@@ -21,18 +27,23 @@ namespace tool {
     // on standard error, when that cannot be done.
     bool WriteOutput(const std::string& path, std::string_view contents);
 
-    // A record from a file. What the library has to say goes to the log.
+    // A record from a file.
     struct RecordFile {
         nxErrorEnum result;
-        std::string problem;              // what the log does not say of it; may be empty
+        std::string problem;              // what neither log nor findings say of it; may be empty
         const RecordKind* kind = nullptr; // these two are there when the result is OK
         std::unique_ptr<Record> record;
+        std::string contents;
+        std::vector<nxXMLFinding> findings; // those of a text that is no document stand here, not in the log
+        LogLines log;                       // what was logged while it was read
     };
     // `kind` null: the one that the root element tells.
     RecordFile ReadRecord(const std::string& path, const RecordKind* kind = nullptr);
 
-    // What there is to say of a file, in lines: "mics.xml: FAILED 1000002 Invalid data", the problem where it
-    // is known, and the log lines since the last time.
+    // Whether an item of the document is not in the record.
+    bool IsLeftOut(const nxXMLFinding& finding);
+
+    // "mics.xml: FAILED 1000002 Invalid data", and the problem in a line of its own where it is known.
     std::string FailureLines(const std::string& path, const nxErrorEnum& result, const std::string& problem);
 
     // For commands that work on one record: reads it and says on standard error what there is to say. The

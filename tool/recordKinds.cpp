@@ -17,42 +17,26 @@
 #include "xmlFramework/market/nxTradingHoursSchemeList.h"
 #include "xmlFramework/market/nxUserTextList.h"
 #include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
-#include "xmlFramework/xml/nxXMLDocument.h"
 
 #include <algorithm>
-#include <stdexcept>
+#include <utility>
 
 namespace {
     using namespace tool;
-
-    // An empty record tells by what it writes.
-    std::string FindRoot(Record& record, std::string_view className) {
-        std::string xml;
-        nxXMLDocument document;
-        if (!record.ConvertToXML(xml).IsOK() || !document.LoadFromString(xml).IsOK())
-            throw std::logic_error("an empty " + std::string(className) + " has no XML form");
-        return document.GetRootElement().GetName();
-    }
 
     bool IsRegistered(const nxUnsignedValueWrapper& code) {
         return std::unique_ptr<nxXMLDataObject>(nxXMLDataObject::CreateInstance(code)) != nullptr;
     }
 
     template <class Class>
-    RecordKind MakeKind(std::string_view className, std::string_view title, std::vector<ListShape> lists = {},
-                        std::vector<std::string_view> attributes = {}) {
-        RecordKind kind{className,
-                        title,
-                        {},
-                        false,
-                        {},
-                        [] { return std::unique_ptr<Record>(std::make_unique<RecordOf<Class>>()); },
-                        std::move(lists),
-                        std::move(attributes)};
-        RecordOf<Class> empty;
-        kind.root = FindRoot(empty, className);
-        if constexpr (requires { empty.Get().GetDataCategoryTypeID(); }) {
-            const nxUnsignedValueWrapper code = empty.Get().GetDataCategoryTypeID();
+    RecordKind MakeKind(std::string_view className, std::string_view title) {
+        Class empty;
+        nxXMLDescription description = empty.GetDocumentDescription();
+        RecordKind kind{className, title, {}, false, description.root, std::move(description), [] {
+                            return std::unique_ptr<Record>(std::make_unique<RecordOf<Class>>());
+                        }};
+        if constexpr (requires { empty.GetDataCategoryTypeID(); }) {
+            const nxUnsignedValueWrapper code = empty.GetDataCategoryTypeID();
             kind.code = nxDataCategoryEnum(code).GetAsString();
             kind.isRegistered = IsRegistered(code);
         }
@@ -68,33 +52,21 @@ namespace {
 
 const std::vector<RecordKind>& tool::RecordKinds() {
     static const std::vector<RecordKind> kinds{
-        MakeKind<nxAlgoIDMappingList>("nxAlgoIDMappingList", "algo ID mapping list",
-                                      {{"AlgoIDMappings", "AlgoPath"}}),
-        MakeKind<nxBrokerMap>("nxBrokerMap", "broker map", {{"BrokerMap", "id"}}, {"id", "name"}),
-        MakeKind<nxExchangeDefinitionList>("nxExchangeDefinitionList", "exchange definition list",
-                                           {{"ExchangeDefinitions", "Mnemonic"}}),
-        MakeKind<nxKestrumAlgorithmSpec>("nxKestrumAlgorithmSpec", "Kestrum algorithm specification",
-                                         {{"Parameters", "Name"},
-                                          {"ValidValues", {}},
-                                          {"Limits", "ProductID"},
-                                          {"Modules", "Name"},
-                                          {"OutputParameters", "Name"}}),
-        MakeKind<nxKestrumJobSpec>("nxKestrumJobSpec", "Kestrum job specification",
-                                   {{"Limits", "ProductID"}}),
+        MakeKind<nxAlgoIDMappingList>("nxAlgoIDMappingList", "algo ID mapping list"),
+        MakeKind<nxBrokerMap>("nxBrokerMap", "broker map"),
+        MakeKind<nxExchangeDefinitionList>("nxExchangeDefinitionList", "exchange definition list"),
+        MakeKind<nxKestrumAlgorithmSpec>("nxKestrumAlgorithmSpec", "Kestrum algorithm specification"),
+        MakeKind<nxKestrumJobSpec>("nxKestrumJobSpec", "Kestrum job specification"),
         MakeKind<nxKestrumModuleSpec>("nxKestrumModuleSpec", "Kestrum module specification"),
         MakeKind<nxKestrumUserLimit>("nxKestrumUserLimit", "Kestrum user limit"),
-        MakeKind<nxMICDefinitionList>("nxMICDefinitionList", "MIC definition list",
-                                      {{"MICDefinitions", "MIC"}}),
-        MakeKind<nxOrvalenPriceUsageStatistics>("nxOrvalenPriceUsageStatistics", "price usage statistics",
-                                                {{"ProductStatistic", "productID", true}}),
+        MakeKind<nxMICDefinitionList>("nxMICDefinitionList", "MIC definition list"),
+        MakeKind<nxOrvalenPriceUsageStatistics>("nxOrvalenPriceUsageStatistics", "price usage statistics"),
         MakeKind<nxSyntheticPriceServerInstanceList>("nxSyntheticPriceServerInstanceList",
-                                                     "synthetic price server instance list",
-                                                     {{"SyntheticPriceServerInstances", {}}}),
+                                                     "synthetic price server instance list"),
         MakeKind<nxSyntheticSpreadOrderSpec_XML>("nxSyntheticSpreadOrderSpec_XML",
-                                                 "synthetic spread order specification", {{"Legs", {}}}),
-        MakeKind<nxTradingHoursSchemeList>("nxTradingHoursSchemeList", "trading hours scheme list",
-                                           {{"TradingHoursSchemes", "SchemeName"}, {"Periods", {}}}),
-        MakeKind<nxUserTextList>("nxUserTextList", "user text list", {{"UserTextHistoryList", {}}}),
+                                                 "synthetic spread order specification"),
+        MakeKind<nxTradingHoursSchemeList>("nxTradingHoursSchemeList", "trading hours scheme list"),
+        MakeKind<nxUserTextList>("nxUserTextList", "user text list"),
     };
     return kinds;
 }

@@ -5,6 +5,7 @@
 
 #include "include/nxErrorEnum.h"
 #include "tool/view.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <memory>
 #include <string>
@@ -52,15 +53,6 @@ namespace tool {
         Class _record;
     };
 
-    // A list in a document, so that the record can be told as a tree. Fields that identify an item are empty
-    // where there is none.
-    struct ListShape {
-        std::string_view
-            name; // of the element around the items, or of the items where nothing is around them
-        std::string_view keyField; // the child element or the attribute that identifies an item
-        bool isBare = false;       // nothing is around the items
-    };
-
     // What the tool knows of one class of records.
     struct RecordKind {
         std::string_view className;
@@ -68,9 +60,8 @@ namespace tool {
         std::string code;       // its category code, empty for a class without
         bool isRegistered;      // nxXMLDataObject::CreateInstance makes one for the code
         std::string root;       // the name of its documents' root element
+        nxXMLDescription description;
         std::unique_ptr<Record> (*make)();
-        std::vector<ListShape> lists;
-        std::vector<std::string_view> attributes; // that elements of its documents have
     };
 
     // All of them, in the order of their titles.

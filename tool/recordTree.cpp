@@ -8,61 +8,53 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <optional>
 #include <stdexcept>
 
 namespace {
     using namespace tool;
+    using Kind = nxXMLFieldDescription::Kind;
     using Tree = nlohmann::ordered_json;
 
-    const ListShape* FindList(const RecordKind& kind, std::string_view name) {
-        const auto found = std::ranges::find(kind.lists, name, &ListShape::name);
-        return found == kind.lists.end() ? nullptr : &*found;
-    }
+    Tree ItemTree(nxXMLElement element, const Fields& fields);
 
-    Tree ElementTree(nxXMLElement element, const RecordKind& kind);
-
-    Tree ListTree(nxXMLElement& list, const RecordKind& kind) {
+    // Items without an element around them stand among the record's other fields.
+    Tree ItemTrees(nxXMLElement element, const nxXMLFieldDescription& list, const Fields& others) {
         Tree items = Tree::array();
-        for (nxXMLElement child = list.GetNextChildElement(); child.IsValid();
-             child = list.GetNextChildElement())
-            items.push_back(ElementTree(child, kind));
+        for (nxXMLElement child = element.GetNextChildElement(); child.IsValid();
+             child = element.GetNextChildElement()) {
+            if (std::ranges::find(others, child.GetName(), &nxXMLFieldDescription::name) == others.end())
+                items.push_back(ItemTree(child, list.itemFields));
+        }
         return items;
     }
 
-    // Children of the name of a list stand for its items where the record has no element around them.
-    Tree ObjectTree(nxXMLElement& element, const RecordKind& kind, Tree fields) {
-        for (nxXMLElement child = element.GetNextChildElement(); child.IsValid();
-             child = element.GetNextChildElement()) {
-            const std::string name = child.GetName();
-            const ListShape* const list = FindList(kind, name);
-            if (list && list->isBare)
-                fields[name].push_back(ElementTree(child, kind));
-            else
-                fields[name] = ElementTree(child, kind);
+    // Nothing for a field that is not written.
+    std::optional<Tree> FieldTree(const nxXMLElement& element, const nxXMLFieldDescription& field,
+                                  const Fields& fields) {
+        if (field.kind == Kind::Items)
+            return ItemTrees(element, field, fields);
+        if (field.kind == Kind::Attribute) {
+            std::string text;
+            return element.GetAttribute(field.name, text).IsOK() ? std::optional<Tree>(text) : std::nullopt;
         }
-        return fields;
+        const nxXMLElement child = element.FindChildElement(field.name);
+        if (!child.IsValid())
+            return std::nullopt;
+        return field.kind == Kind::List ? ItemTrees(child, field, {}) : Tree(child.GetTextValue());
     }
 
-    Tree Attributes(const nxXMLElement& element, const RecordKind& kind) {
-        Tree fields = Tree::object();
-        for (const std::string_view name : kind.attributes) {
-            if (!element.HasAttribute(name))
-                continue;
-            std::string value;
-            element.GetAttribute(name, value);
-            fields[std::string(name)] = value;
-        }
-        return fields;
-    }
-
-    Tree ElementTree(nxXMLElement element, const RecordKind& kind) {
-        const ListShape* const list = FindList(kind, element.GetName());
-        if (list && !list->isBare)
-            return ListTree(element, kind);
-        Tree fields = Attributes(element, kind);
-        if (fields.empty() && !nxXMLElement(element).GetFirstChildElement().IsValid())
+    Tree ItemTree(nxXMLElement element, const Fields& fields) {
+        if (fields.empty())
             return element.GetTextValue();
-        return ObjectTree(element, kind, std::move(fields));
+        if (const auto* const items = FindSoleItems(fields))
+            return ItemTrees(element, *items, {});
+        Tree tree = Tree::object();
+        for (const nxXMLFieldDescription& field : fields) {
+            if (std::optional<Tree> member = FieldTree(element, field, fields))
+                tree[GetNameInTree(field)] = *std::move(member);
+        }
+        return tree;
     }
 } // namespace
 
@@ -71,16 +63,17 @@ Tree tool::MakeTree(Record& record, const RecordKind& kind) {
     nxXMLDocument document;
     if (!record.ConvertToXML(xml).IsOK() || !document.LoadFromString(xml).IsOK())
         throw std::runtime_error("the record cannot be written");
-    return ElementTree(document.GetRootElement(), kind);
+    return ItemTree(document.GetRootElement(), kind.description.fields);
 }
 
-std::string tool::ItemKey(const RecordKind& kind, std::string_view listName, const Tree& item,
-                          std::size_t place) {
-    const ListShape* const list = FindList(kind, listName);
-    if (list && !list->keyField.empty() && item.is_object()) {
-        const auto key = item.find(std::string(list->keyField));
-        if (key != item.end() && key->is_string())
-            return key->get<std::string>();
-    }
-    return "#" + std::to_string(place + 1);
+bool tool::IsList(const nxXMLFieldDescription& field) {
+    return field.kind == Kind::List || field.kind == Kind::Items;
+}
+
+const std::string& tool::GetNameInTree(const nxXMLFieldDescription& field) {
+    return field.name.empty() ? field.itemName : field.name;
+}
+
+const nxXMLFieldDescription* tool::FindSoleItems(const Fields& fields) {
+    return fields.size() == 1 && fields.front().kind == Kind::Items ? &fields.front() : nullptr;
 }

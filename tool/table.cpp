@@ -39,10 +39,10 @@ namespace {
                 line.append(missing, ' ').append(cells[i]);
                 missing = 0;
             }
-            missing += widths[i] - tool::CountCharacters(cells[i]) + Gap;
+            missing += widths[i] - tool::CountColumns(cells[i]) + Gap;
         }
-        if (width > 0 && tool::CountCharacters(line) > width)
-            line = std::string(tool::FirstCharacters(line, width - 1)).append(Cut);
+        if (width > 0 && tool::CountColumns(line) > width)
+            line = std::string(tool::FirstColumns(line, width - 1)).append(Cut);
         return line + "\n";
     }
 } // namespace
@@ -61,7 +61,7 @@ std::string tool::Table::Format(std::size_t width) const {
     std::vector<std::size_t> widths(_headings.size());
     for (const Row& line : lines) {
         for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], CountCharacters(line[i]));
+            widths[i] = std::max(widths[i], CountColumns(line[i]));
     }
 
     std::string text;

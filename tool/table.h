@@ -22,7 +22,7 @@ namespace tool {
         void KeepRowsWith(std::string_view text);
 
         // A line for the headings and one for each row, with the columns one under the other. Lines of more
-        // than `width` characters are cut, which a dot-dot-dot shows; 0 stands for any width.
+        // than `width` columns are cut, which a dot-dot-dot shows; 0 stands for any width.
         std::string Format(std::size_t width = 0) const;
 
     private:

@@ -26,8 +26,12 @@ void tool::ProgressBar::Hide() {
 
 void tool::ProgressBar::Show(std::size_t done) {
     using namespace std::chrono_literals;
-    if (!_wanted || done == _total || std::chrono::steady_clock::now() - _start < 1s)
+    if (!_wanted || done == _total)
         return;
+    const auto now = std::chrono::steady_clock::now();
+    if (now < _next)
+        return;
+    _next = now + 100ms;
 
     constexpr std::size_t Cells = 40;
     const std::size_t full = Cells * done / _total;

@@ -12,6 +12,7 @@ namespace tool {
     std::size_t OutputWidth();
 
     // A bar on standard error, where that is a terminal and the work turns out to take longer than a second.
+    // It is painted at most ten times a second, however often it is shown.
     class ProgressBar {
     public:
         explicit ProgressBar(std::size_t total);
@@ -27,6 +28,7 @@ namespace tool {
         std::size_t _total;
         bool _wanted;
         bool _visible = false;
-        std::chrono::steady_clock::time_point _start = std::chrono::steady_clock::now();
+        std::chrono::steady_clock::time_point _next = // that it is painted
+            std::chrono::steady_clock::now() + std::chrono::seconds(1);
     };
 } // namespace tool

@@ -61,27 +61,27 @@ namespace nxFormatExamples {
         return examples;
     }
 
-    inline nxErrorEnum Convert(auto& record, const std::string& xml, std::string& written) {
-        const nxErrorEnum result = record.ConvertFromXML(xml, "");
-        return result.IsOK() ? record.ConvertToXML(written, "") : result;
+    // Hands a new record to a function: of a category code, or of the root element's name for one without.
+    inline auto WithRecord(const std::string& name, auto visit) {
+        if (name == "KestrumUserLimit") {
+            nxKestrumUserLimit limit;
+            return visit(limit);
+        }
+        unsigned int code = 0;
+        for (const char c : name)
+            code = code << 8 | static_cast<unsigned char>(c);
+        std::unique_ptr<nxXMLDataObject> object(nxXMLDataObject::CreateInstance(code));
+        if (name == "OPUS") // not registered
+            object = std::make_unique<nxOrvalenPriceUsageStatistics>();
+        EXPECT_TRUE(object) << name;
+        return visit(*object);
     }
 
     // Reads a document and writes it again.
-    inline nxErrorEnum ReadAndWrite(const std::string& record, const std::string& xml, std::string& written) {
-        if (record == "OPUS") { // not registered
-            nxOrvalenPriceUsageStatistics statistics;
-            return Convert(statistics, xml, written);
-        }
-        if (record == "KestrumUserLimit") { // has no code
-            nxKestrumUserLimit limit;
-            return Convert(limit, xml, written);
-        }
-        unsigned int code = 0;
-        for (const char c : record)
-            code = code << 8 | static_cast<unsigned char>(c);
-        const std::unique_ptr<nxXMLDataObject> object(nxXMLDataObject::CreateInstance(code));
-        if (record.size() != 4 || !object)
-            return nxErrorEnum::InvalidRecord;
-        return Convert(*object, xml, written);
+    inline nxErrorEnum ReadAndWrite(const std::string& name, const std::string& xml, std::string& written) {
+        return WithRecord(name, [&](auto& record) {
+            const nxErrorEnum result = record.ConvertFromXML(xml, "");
+            return result.IsOK() ? record.ConvertToXML(written, "") : result;
+        });
     }
 } // namespace nxFormatExamples

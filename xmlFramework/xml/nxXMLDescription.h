@@ -29,6 +29,9 @@ struct XMLFRAMEWORK_API nxXMLValueDescription {
     // All that an enumeration knows, in ascending order of its values; of a number, those that stand for a
     // state without digits of its own ("NULL").
     std::vector<std::string> texts;
+    // Of a number: the digits that stand for these states, empty for a number without them.
+    std::string null = {};
+    std::string noChange = {};
 
     // For people: "a whole number from 0 to 255".
     std::string GetAsString() const;

@@ -125,6 +125,15 @@ namespace nxXMLFields {
         return {nxXMLValueDescription::Type::Number, nxStringHelper::GetAsString(Limits::min()),
                 nxStringHelper::GetAsString(Limits::max()), std::move(texts)};
     }
+    // A number with states, which stand in documents as their reserved values.
+    template <class Wrapper>
+    nxXMLValueDescription DescribeNumberWithStates(std::vector<std::string> texts = {}) {
+        using Number = std::remove_const_t<decltype(Wrapper::NullValue)>;
+        nxXMLValueDescription description = DescribeNumber<Number>(std::move(texts));
+        description.null = nxStringHelper::GetAsString(Wrapper::NullValue);
+        description.noChange = nxStringHelper::GetAsString(Wrapper::NoChangeValue);
+        return description;
+    }
     inline nxXMLValueDescription DescribeEnumeration(std::span<const nxEnumRow> rows,
                                                      std::string_view nxEnumRow::*text = &nxEnumRow::name) {
         nxXMLValueDescription description{nxXMLValueDescription::Type::Enumeration, {}, {}, {}};
@@ -156,7 +165,9 @@ namespace nxXMLFields {
     };
     template <class T, T Null, T NoChange>
     struct ValueOf<nxValueWrapper<T, Null, NoChange>> {
-        static nxXMLValueDescription Describe() { return DescribeNumber<T>({"NULL", "NO_CHANGE"}); }
+        static nxXMLValueDescription Describe() {
+            return DescribeNumberWithStates<nxValueWrapper<T, Null, NoChange>>({"NULL", "NO_CHANGE"});
+        }
     };
 
     // The value that a text in a document stands for. On failure the value is untouched.
@@ -298,9 +309,7 @@ namespace nxXMLFields {
             _value = result.IsOK() ? number : Wrapper::NullValue;
             return result;
         }
-        static nxXMLValueDescription DescribeValue() {
-            return DescribeNumber<std::remove_const_t<decltype(Wrapper::NullValue)>>();
-        }
+        static nxXMLValueDescription DescribeValue() { return DescribeNumberWithStates<Wrapper>(); }
 
     private:
         Wrapper& _value;

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+// What the command `xmlframework` shows of records and of their classes.
+
+#include "tests/support/nxToolProcess.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <regex>
+#include <string>
+
+namespace {
+    std::string Mapping(const std::string& path, const std::string& id) {
+        return "<AlgoMapping><AlgoPath>" + path + "</AlgoPath><AlgoID>" + id + "</AlgoID></AlgoMapping>";
+    }
+    std::string MappingList(const std::string& mappings) {
+        return "<AlgoIDMappingList><AlgoIDMappings>" + mappings + "</AlgoIDMappings></AlgoIDMappingList>";
+    }
+    std::string MICList(const std::string& items) {
+        return "<MICDefinitionList><MICDefinitions>" + items + "</MICDefinitions></MICDefinitionList>";
+    }
+} // namespace
+
+TEST_F(nxTool, ListsEveryClassOfRecords) {
+    const Outcome types = _Run({"types"});
+    EXPECT_EQ(types.status, 0);
+    EXPECT_EQ(std::ranges::count(types.out, '\n'), 1 + 13);
+    for (const char* const code :
+         {"ALID", "BROK", "EXCH", "ALGO", "KJOB", "KMOD", "XMIC", "SPSI", "SPRD", "TRSL", "URTL"})
+        EXPECT_TRUE(std::regex_search(types.out, std::regex(std::string("\n") + code + "  nx.* yes\n")))
+            << code << types.out;
+    EXPECT_TRUE(
+        std::regex_search(types.out, std::regex("\n      nxKestrumUserLimit +KestrumUserLimit +no\n")));
+    EXPECT_TRUE(std::regex_search(types.out, std::regex("\nOPUS  nx.* no\n")));
+}
+
+TEST_F(nxTool, ShowsATableInWholeCharactersAndWithoutControlCharacters) {
+    _Write("mics.xml", MICList("<MICDefinition-A><MIC>A</MIC><City>TROMSØ</City><Name>LINE&#10;END</Name>"
+                               "</MICDefinition-A><MICDefinition-B><MIC>B</MIC><City>OSLO</City>"
+                               "<Name>\u009B31m&#9;\u007F</Name><IsOperatingMIC>true</IsOperatingMIC>"
+                               "</MICDefinition-B>"));
+    const Outcome outcome = _Run({"show", "mics.xml"});
+    EXPECT_EQ(outcome.status, 0) << outcome.err;
+    EXPECT_EQ(outcome.out,
+              "MIC  OPERATING MIC  O/S  STATUS   COUNTRY  CITY    ACRONYM  NAME\n"
+              "A                   S    DELETED           TROMSØ           LINE\u240AEND\n"
+              "B                   O    DELETED           OSLO             \\u009B31m\u2409\u2421\n");
+}
+
+TEST_F(nxTool, ShowsWhatIsAskedFor) {
+    _Write("hours.xml",
+           "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
+           "<Periods><Period><SessionType>CONTINUOUS_TRADING</SessionType>"
+           "<StartTimeZoneRegion>Europe/Oslo</StartTimeZoneRegion><StartTime>21:00:00</StartTime>"
+           "<StartDay>0</StartDay><EndTime>02:59:59</EndTime><EndDay>1</EndDay></Period></Periods>"
+           "</Scheme></TradingHoursSchemes></TradingHoursSchemesList>");
+    EXPECT_EQ(_Run({"show", "hours.xml"}).out,
+              "SCHEME  SESSION              Mon 0    Tue 1    Wed 2    Thu 3    Fri 4    Sat 5    Sun 6      "
+              "FROM                      TO\n"
+              "Night   Continuous trading  |       =|=       |        |        |        |        |        |  "
+              "Mon 21:00:00 Europe/Oslo  Tue 02:59:59\n");
+
+    _Write("brokers.xml",
+           "<BrokerMap><Broker id='9' name='North &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
+    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "NORTH"}).out, "ID  BROKER\n9   North & Sons\n");
+    EXPECT_EQ(_Run({"show", "brokers.xml", "--format", "json"}).out,
+              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"North & Sons\"\n  },\n"
+              "  {\n    \"id\": \"10\",\n    \"name\": \"Harbour\"\n  }\n]\n");
+    _Write("statistics.xml",
+           "<OrvalenPriceStatistics><userID>7</userID><ProductStatistic><productID>P</productID>"
+           "</ProductStatistic></OrvalenPriceStatistics>");
+    EXPECT_NE(_Run({"show", "statistics.xml", "--format", "json"}).out.find("\"ProductStatistic\": [\n"),
+              std::string::npos);
+}
+
+TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
+    const auto spread = [](const std::string& legs) {
+        return "<SyntheticSpreadSpec><Legs>" + legs + "</Legs></SyntheticSpreadSpec>";
+    };
+    const auto job = [](const std::string& fields) {
+        return "<KestrumJobSpec>" + fields + "</KestrumJobSpec>";
+    };
+    const auto texts = [](const std::string& items) {
+        return "<UserTextHistoryList>" + items + "</UserTextHistoryList>";
+    };
+    const struct {
+        std::string left;
+        std::string right;
+        std::string expected;
+    } cases[] = {
+        {MappingList(Mapping("gone", "1") + Mapping("same", "2") + Mapping("other", "3")),
+         MappingList(Mapping("other", "4") + Mapping("new", "1") + Mapping("same", "2")),
+         "AlgoIDMappings/gone: removed\nAlgoIDMappings/other/AlgoID: '3' -> '4'\n"
+         "AlgoIDMappings/new: added\n1 added, 1 removed, 1 changed\n"},
+        {spread("<Leg-0><TailSize>5</TailSize></Leg-0><Leg-1/>"), spread("<Leg-0/>"),
+         "Legs/Leg-0/TailSize: '5' -> null\nLegs/Leg-1: removed\n0 added, 1 removed, 1 changed\n"},
+        {spread("<Leg-0><AccountIDOverride>NO_CHANGE</AccountIDOverride></Leg-0>"),
+         spread("<Leg-0><AccountIDOverride>NULL</AccountIDOverride></Leg-0>"),
+         "Legs/Leg-0/AccountIDOverride: 'NO_CHANGE' -> null\n0 added, 0 removed, 1 changed\n"},
+        {spread("<Leg-0><FinesseTriggerRatio>1.50</FinesseTriggerRatio><PayupTicks>07</PayupTicks></Leg-0>"),
+         spread("<Leg-0><FinesseTriggerRatio>1.5</FinesseTriggerRatio><PayupTicks>7</PayupTicks></Leg-0>"),
+         ""},
+        {spread("<Leg-0><FinesseTriggerRatio>1.50</FinesseTriggerRatio></Leg-0>"), spread("<Leg-0/>"),
+         "Legs/Leg-0/FinesseTriggerRatio: '1.50' -> null\n0 added, 0 removed, 1 changed\n"},
+        {job("<AccountID>4294967294</AccountID><MaxTrans>4294967295</MaxTrans>"),
+         job("<MaxTrans>0</MaxTrans>"),
+         "AccountID: 'NO_CHANGE' -> null\nMaxTrans: '4294967295' -> '0'\n0 added, 0 removed, 2 changed\n"},
+        {texts("<UT>a</UT><UT>b</UT>"), texts("<UT>a</UT><UT>c\n</UT><UT>d</UT>"),
+         "UT[2]: 'b' -> 'c\u240A'\nUT[3]: added\n1 added, 0 removed, 1 changed\n"},
+        {"<BrokerMap><Broker id='1' name='A'/></BrokerMap>",
+         "<BrokerMap><Broker id='1' name='B'/></BrokerMap>",
+         "1/name: 'A' -> 'B'\n0 added, 0 removed, 1 changed\n"},
+        {MICList("<MICDefinition-X><MIC>X</MIC></MICDefinition-X><MICDefinition-Y><MIC>Y</MIC></"
+                 "MICDefinition-Y>"),
+         MICList("<MICDefinition-Y><MIC>Y</MIC><Name>N</Name></MICDefinition-Y>"),
+         "MICDefinitions/X: removed\nMICDefinitions/Y/Name: '' -> 'N'\n0 added, 1 removed, 1 changed\n"},
+    };
+    for (const auto& [left, right, expected] : cases) {
+        _Write("left.xml", left);
+        const Outcome outcome = _Run({"diff", "left.xml", "-"}, right);
+        EXPECT_EQ(outcome.out, expected) << outcome.err;
+        EXPECT_EQ(outcome.status, expected.empty() ? 0 : 1);
+    }
+    _Write("mics.xml", MICList(""));
+    EXPECT_EQ(_Run({"diff", "left.xml", "left.xml"}).status, 0);
+    EXPECT_EQ(_Run({"diff", "left.xml", "-"}, MappingList("")).status, 2);
+    EXPECT_EQ(_Run({"diff", "left.xml", "nothing.xml"}).status, 2);
+}
+
+TEST_F(nxTool, TellsProgramsOfDifferencesAndTypesByTheSchemasOfTheDocumentation) {
+    _Write("a.xml", MappingList(Mapping("gone", "1") + Mapping("other", "3")));
+    _Write("b.xml", MappingList(Mapping("other", "4") + Mapping("new", "1")));
+    _Write("c.xml", "<KestrumJobSpec><AccountID>7</AccountID></KestrumJobSpec>");
+    const std::string differences = _Run({"diff", "--format", "json", "a.xml", "b.xml"}).out +
+                                    _Run({"diff", "--format", "json", "c.xml", "-"}, "<KestrumJobSpec/>").out;
+    EXPECT_EQ(
+        differences,
+        R"({"change":"removed","path":["AlgoIDMappings","gone"],"left":{"AlgoPath":"gone","AlgoID":"1"}})"
+        "\n"
+        R"({"change":"changed","path":["AlgoIDMappings","other","AlgoID"],"left":"3","right":"4"})"
+        "\n"
+        R"({"change":"added","path":["AlgoIDMappings","new"],"right":{"AlgoPath":"new","AlgoID":"1"}})"
+        "\n"
+        R"({"change":"changed","path":["AccountID"],"left":"7","right":null})"
+        "\n");
+
+    const auto validate = [this](const std::string& schema, const std::string& json) {
+        const Arguments command{"python3", NX_SOURCE_DIR "/tests/tool/validateJSON.py",
+                                NX_SOURCE_DIR "/docs/schemas/" + schema};
+        return _RunProgram(command, json);
+    };
+    const Outcome differencesJudged = validate("diff.json", differences);
+    if (differencesJudged.status == 77 || differencesJudged.status == 127)
+        GTEST_SKIP() << "python3-jsonschema is not installed";
+    EXPECT_EQ(differencesJudged.out, "4\n") << differencesJudged.err;
+    EXPECT_EQ(validate("diff.json", R"({"change":"changed","path":["A"],"left":"1"})").status, 1);
+
+    const std::string types = _Run({"types", "--format", "json"}).out;
+    const Outcome typesJudged = validate("types.json", types);
+    EXPECT_EQ(typesJudged.out, "1\n") << typesJudged.err;
+    EXPECT_EQ(validate("types.json", std::regex_replace(types, std::regex("\"flag\""), "\"bool\"")).status,
+              1);
+    for (const char* const part :
+         {R"("minimum": "-2147483648",)", R"("null": "4294967295",)", R"("names": "with-number",)",
+          R"("noChange": "4294967294")", R"("Plain",)", R"("kind": "attribute",)", R"("isReadOnly": true)"})
+        EXPECT_NE(types.find(part), std::string::npos) << part;
+}

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "tool/inputFiles.h"
+
+#include "tool/printable.h"
+#include "tool/recordFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace {
+    using namespace tool;
+
+    void AddFolder(const std::string& folder, InputFiles& files) {
+        std::vector<std::string> found;
+        std::error_code error;
+        std::filesystem::recursive_directory_iterator entry(folder, error);
+        for (; !error && entry != end(entry); entry.increment(error)) {
+            std::error_code ignored; // a link that leads nowhere is a file that cannot be read
+            if (entry->path().extension() == ".xml" && !entry->is_directory(ignored))
+                found.push_back(entry->path().string());
+        }
+        std::ranges::sort(found);
+        if (error)
+            files.problems.push_back(Printable(folder) + ": " + error.message());
+        else if (found.empty())
+            files.problems.push_back(Printable(folder) + ": there is no *.xml in this folder");
+        files.paths.insert(files.paths.end(), found.begin(), found.end());
+    }
+
+    void Add(const std::string& path, InputFiles& files) {
+        std::error_code ignored;
+        if (std::filesystem::is_directory(path, ignored))
+            AddFolder(path, files);
+        else
+            files.paths.push_back(path);
+    }
+
+    void AddList(const std::string& list, InputFiles& files) {
+        std::string text;
+        std::string problem;
+        if (!ReadInput(list, text, problem).IsOK()) {
+            files.problems.push_back(DisplayName(list) + ": " + problem);
+            return;
+        }
+        for (std::string_view rest = text; !rest.empty();) {
+            const std::string_view line = rest.substr(0, rest.find('\n'));
+            rest.remove_prefix(std::min(rest.size(), line.size() + 1));
+            const std::string_view path = line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+            if (!path.empty())
+                Add(std::string(path), files);
+        }
+    }
+} // namespace
+
+InputFiles tool::FindInputFiles(const std::vector<std::string>& arguments) {
+    InputFiles files;
+    for (const std::string& argument : arguments) {
+        if (argument.starts_with('@'))
+            AddList(argument.substr(1), files);
+        else
+            Add(argument, files);
+    }
+    return files;
+}

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: The XMLFramework authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <string>
+
+namespace CLI {
+    class App;
+} // namespace CLI
+
+namespace tool {
+    // Puts the exit statuses and an example below the help of the program and of each command.
+    void AddFooters(CLI::App& program);
+
+    // After a failed parse: the command or option that is not known, and the one that was probably meant.
+    // Nothing when something else is wrong.
+    std::string DescribeUnknown(const CLI::App& program);
+} // namespace tool
