@@ -57,6 +57,7 @@ namespace {
         AddDiffCommand(program, chosen);
         AddSchemaCommand(program, chosen);
         AddMICCommands(program, chosen);
+        AddGenerateCommand(program, chosen);
         try {
             program.parse(argc, argv);
         } catch (const CLI::ParseError& asked) {

@@ -3,6 +3,7 @@
 
 #include "tool/table.h"
 
+#include "tool/color.h"
 #include "tool/printable.h"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ namespace {
         }
         if (width > 0 && tool::CountColumns(line) > width)
             line = std::string(tool::FirstColumns(line, width - 1)).append(Cut);
-        return line + "\n";
+        return line;
     }
 } // namespace
 
@@ -66,6 +67,7 @@ std::string tool::Table::Format(std::size_t width) const {
 
     std::string text;
     for (const Row& line : lines)
-        text += Line(line, widths, width);
+        text.append(Paint(&line == &lines.front() ? Color::Bold : Color::Plain, Line(line, widths, width)))
+            .append("\n");
     return text;
 }
