@@ -6,6 +6,8 @@
 #include "tool/color.h"
 #include "tool/printable.h"
 
+#include <unicode/unistr.h>
+
 #include <algorithm>
 
 namespace {
@@ -14,14 +16,9 @@ namespace {
     constexpr std::size_t Gap = 2;
     constexpr std::string_view Cut = "\u2026";
 
-    char LowerCase(char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-
-    bool Contains(std::string_view cell, std::string_view text) {
-        const auto same = [](char a, char b) { return LowerCase(a) == LowerCase(b); };
-        return text.empty() ||
-               std::search(cell.begin(), cell.end(), text.begin(), text.end(), same) != cell.end();
+    icu::UnicodeString Folded(std::string_view text) {
+        return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<int>(text.size())))
+            .foldCase();
     }
 
     Table::Row Printable(const Table::Row& row) {
@@ -49,9 +46,10 @@ namespace {
 } // namespace
 
 void tool::Table::KeepRowsWith(std::string_view text) {
-    std::erase_if(_rows, [text](const Row& row) {
-        return std::ranges::none_of(row, [text](const std::string& cell) { return Contains(cell, text); });
-    });
+    const icu::UnicodeString wanted = Folded(text);
+    const auto holds = [&wanted](const std::string& cell) { return Folded(cell).indexOf(wanted) >= 0; };
+    if (!wanted.isEmpty())
+        std::erase_if(_rows, [&holds](const Row& row) { return std::ranges::none_of(row, holds); });
 }
 
 std::string tool::Table::Format(std::size_t width) const {

@@ -112,10 +112,10 @@ TEST_F(nxTool, ShowsWhatIsAskedFor) {
               "Mon 21:00:00 Europe/Oslo  Tue 02:59:59\n");
 
     _Write("brokers.xml",
-           "<BrokerMap><Broker id='9' name='North &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
-    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "NORTH"}).out, "ID  BROKER\n9   North & Sons\n");
+           "<BrokerMap><Broker id='9' name='Nørth &amp; Sons'/><Broker id='10' name='Harbour'/></BrokerMap>");
+    EXPECT_EQ(_Run({"show", "brokers.xml", "--filter", "nØRTH"}).out, "ID  BROKER\n9   Nørth & Sons\n");
     EXPECT_EQ(_Run({"show", "brokers.xml", "--format", "json"}).out,
-              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"North & Sons\"\n  },\n"
+              "[\n  {\n    \"id\": \"9\",\n    \"name\": \"Nørth & Sons\"\n  },\n"
               "  {\n    \"id\": \"10\",\n    \"name\": \"Harbour\"\n  }\n]\n");
     _Write("statistics.xml",
            "<OrvalenPriceStatistics><userID>7</userID><ProductStatistic><productID>P</productID>"
