@@ -76,7 +76,7 @@ TEST_F(nxTool, CutsLinesAndUsesColoursOnATerminalOnly) {
     _Write("a.xml", MappingList(Mapping("12345東京都", "1")));
     const std::string tool = NX_TOOL_PATH;
     const auto onTerminal = [this, &tool](const std::string& before, const std::string& arguments) {
-        const std::string command = "stty cols 12; " + before + " " + tool + " " + arguments;
+        const std::string command = "stty cols 13; " + before + " " + tool + " " + arguments;
         std::string out = _RunProgram({"script", "-qec", command, "/dev/null"}).out;
         std::erase(out, '\r');
         return out;
@@ -84,7 +84,7 @@ TEST_F(nxTool, CutsLinesAndUsesColoursOnATerminalOnly) {
     if (_RunProgram({"script", "--version"}).status != 0)
         GTEST_SKIP() << "script is not installed";
     const std::string bold = "\x1B[1mID  PATH\x1B[0m\n";
-    const std::string cut = "1   12345東…\n"; // the second half of a character would be column 12
+    const std::string cut = "1   12345東…\n"; // half of the next character would be column 13
     EXPECT_EQ(onTerminal("NO_COLOR= TERM=xterm", "show a.xml"), bold + "1   12345東…\n");
     EXPECT_EQ(onTerminal("NO_COLOR=1 TERM=xterm", "show a.xml"), "ID  PATH\n" + cut);
     EXPECT_EQ(onTerminal("NO_COLOR=1", "--color always show a.xml"), bold + cut);
@@ -131,6 +131,12 @@ TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
     const auto job = [](const std::string& fields) {
         return "<KestrumJobSpec>" + fields + "</KestrumJobSpec>";
     };
+    const auto algorithm = [](const std::string& optional) {
+        const std::string parameter =
+            "<Parameter><Name>P</Name><ParameterType>TEXT</ParameterType><Optional>";
+        return "<KestrumAlgorithmSpec><Parameters>" + parameter + "true</Optional></Parameter>" + parameter +
+               optional + "</Optional></Parameter></Parameters></KestrumAlgorithmSpec>";
+    };
     const auto texts = [](const std::string& items) {
         return "<UserTextHistoryList>" + items + "</UserTextHistoryList>";
     };
@@ -156,6 +162,8 @@ TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
         {job("<AccountID>4294967294</AccountID><MaxTrans>4294967295</MaxTrans>"),
          job("<MaxTrans>0</MaxTrans>"),
          "AccountID: 'NO_CHANGE' -> null\nMaxTrans: '4294967295' -> '0'\n0 added, 0 removed, 2 changed\n"},
+        {algorithm("true"), algorithm("false"),
+         "Parameters/P (2)/Optional: 'true' -> 'false'\n0 added, 0 removed, 1 changed\n"},
         {texts("<UT>a</UT><UT>b</UT>"), texts("<UT>a</UT><UT>c\n</UT><UT>d</UT>"),
          "UT[2]: 'b' -> 'c\u240A'\nUT[3]: added\n1 added, 0 removed, 1 changed\n"},
         {"<BrokerMap><Broker id='1' name='A'/></BrokerMap>",
@@ -211,10 +219,13 @@ TEST_F(nxTool, TellsProgramsOfDifferencesAndTypesByTheSchemasOfTheDocumentation)
     EXPECT_EQ(typesJudged.out, "1\n") << typesJudged.err;
     EXPECT_EQ(validate("types.json", std::regex_replace(types, std::regex("\"flag\""), "\"bool\"")).status,
               1);
+    const std::string compact = std::regex_replace(types, std::regex("\\s+"), "");
     for (const char* const part :
-         {R"("minimum": "-2147483648",)", R"("null": "4294967295",)", R"("names": "with-number",)",
-          R"("noChange": "4294967294")", R"("Plain",)", R"("kind": "attribute",)", R"("isReadOnly": true)"})
-        EXPECT_NE(types.find(part), std::string::npos) << part;
+         {R"("minimum":"-2147483648","maximum":"2147483647",)",
+          R"("null":"4294967295","noChange":"4294967294")", R"("names":"with-number","endsAtOthers":false)",
+          R"("names":"with-key","endsAtOthers":true)", R"(,"Plain","Conditional",)", R"("kind":"attribute",)",
+          R"("isKey":false,"isRequired":true,)", R"("isAlwaysWritten":false,"isReadOnly":true)"})
+        EXPECT_NE(compact.find(part), std::string::npos) << part;
 }
 
 TEST_F(nxTool, DescribesItselfToManAndToShells) {
