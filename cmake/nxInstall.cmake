@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: The XMLFramework authors
 # SPDX-License-Identifier: Apache-2.0
 
-# The installed tree: libraries, tool, public headers, the CMake package and the pkg-config files. Nothing in it
-# knows the prefix, so the tree can be moved.
+# The installed tree: libraries, tool with its schemas, manual page and completions, public headers, the CMake
+# package and the pkg-config files. Nothing in it knows the prefix, so the tree can be moved.
 
 include(CMakePackageConfigHelpers)
 
@@ -43,4 +43,7 @@ foreach(name nxcore XMLFramework)
     install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${NX_INSTALL_PKGCONFIGDIR}")
 endforeach()
 
+install(DIRECTORY "${PROJECT_BINARY_DIR}/tool/share/"
+    DESTINATION "${CMAKE_INSTALL_DATADIR}"
+    PATTERN made EXCLUDE)
 install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/XMLFramework")

@@ -12,10 +12,8 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
-#include <span>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace {
     spdlog::level::level_enum ConsoleLevel(const nxLogLevelEnum& level) {
@@ -30,17 +28,17 @@ namespace {
         return level == nxLogLevelEnum::Error ? spdlog::level::err : spdlog::level::critical;
     }
 
-    using Range = std::pair<unsigned int, unsigned int>;
+    struct Range {
+        unsigned int first;
+        unsigned int last;
 
-    bool IsIn(std::span<const Range> ranges, unsigned int number) {
-        return std::ranges::any_of(
-            ranges, [number](const Range& range) { return range.first <= number && number <= range.second; });
-    }
+        bool Holds(unsigned int number) const { return first <= number && number <= last; }
+    };
 
-    // Control characters beyond ASCII, line and paragraph separators, and what turns the direction of
-    // writing.
-    constexpr Range Unprintable[] = {
-        {0x80, 0x9F}, {0x61C, 0x61C}, {0x200E, 0x200F}, {0x2028, 0x202E}, {0x2066, 0x2069}};
+    // Control characters beyond ASCII, line and paragraph separators, what turns the direction of writing,
+    // and surrogates, which are no characters.
+    constexpr Range Unprintable[] = {{0x80, 0x9F},     {0x61C, 0x61C},   {0x200E, 0x200F},
+                                     {0x2028, 0x202E}, {0x2066, 0x2069}, {0xD800, 0xDFFF}};
 
     // How many bytes belong to the UTF-8 character that begins a text, one that is beyond ASCII and may be
     // printed; 0 when none does.
@@ -54,8 +52,8 @@ namespace {
                                          {{0xE0, 0xEF}, 3, {0x800, 0xFFFF}},
                                          {{0xF0, 0xF4}, 4, {0x10000, 0x10FFFF}}};
         const auto first = static_cast<unsigned char>(text.front());
-        const auto* const form = std::ranges::find_if(
-            Forms, [first](const Form& known) { return IsIn(std::span(&known.first, 1), first); });
+        const auto* const form =
+            std::ranges::find_if(Forms, [first](const Form& known) { return known.first.Holds(first); });
         if (form == std::end(Forms) || text.size() < form->length)
             return 0;
 
@@ -65,7 +63,10 @@ namespace {
                 return 0;
             number = number << 6U | (static_cast<unsigned char>(c) & 0x3FU);
         }
-        return IsIn(std::span(&form->numbers, 1), number) && !IsIn(Unprintable, number) ? form->length : 0;
+        const bool isPrintable =
+            form->numbers.Holds(number) &&
+            std::ranges::none_of(Unprintable, [number](const Range& range) { return range.Holds(number); });
+        return isPrintable ? form->length : 0;
     }
 
     void AppendEscaped(std::string& line, char c) {

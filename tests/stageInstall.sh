@@ -5,7 +5,8 @@
 # stageInstall.sh BUILD_DIR PREFIX
 #
 # Installs into one folder and moves the result to PREFIX, so that all who use PREFIX see a tree that was moved;
-# then starts the installed tool and looks at the names under which programs will load the libraries.
+# then starts the installed tool, and looks at the names under which programs will load the libraries and at what the
+# tool made of itself.
 set -euo pipefail
 
 build_dir=$1
@@ -26,4 +27,10 @@ if grep -rIl -e "$prefix.first" -e "$build_dir" "$prefix"; then
     echo "these installed files name a folder of the build machine"
     exit 1
 fi
+for made in man/man1/xmlframework.1 bash-completion/completions/xmlframework zsh/site-functions/_xmlframework; do
+    [ -s "$prefix/share/$made" ] || { echo "share/$made is missing or empty"; exit 1; }
+done
 "$prefix/bin/xmlframework" types
+types=$("$prefix/bin/xmlframework" types | tail -n +2 | wc -l)
+schemas=$(find "$prefix/share/xmlframework/schemas" -name '*.xsd' -size +0 | wc -l)
+[ "$types" -eq "$schemas" ] || { echo "$schemas schemas of $types types"; exit 1; }

@@ -33,6 +33,8 @@ namespace {
 
     std::string_view Code(Color color) {
         switch (color) {
+        case Color::Plain:
+            return {};
         case Color::Red:
             return "31";
         case Color::Green:
@@ -56,7 +58,7 @@ void tool::ChooseColor(std::string_view choice) {
 }
 
 std::string tool::Paint(Color color, std::string_view text, Stream stream) {
-    if (text.empty() || !IsWanted(stream))
+    if (text.empty() || color == Color::Plain || !IsWanted(stream))
         return std::string(text);
     return std::string("\x1B[").append(Code(color)).append("m").append(text).append("\x1B[0m");
 }

@@ -8,7 +8,7 @@
 #include <vector>
 
 namespace tool {
-    enum class Color { Red, Green, Yellow, Bold };
+    enum class Color { Plain, Red, Green, Yellow, Bold };
     enum class Stream { Output, Error };
 
     // What --color may say; the first unless told.

@@ -28,4 +28,5 @@ namespace tool {
     void AddDiffCommand(CLI::App& program, Command& chosen);
     void AddSchemaCommand(CLI::App& program, Command& chosen);
     void AddMICCommands(CLI::App& program, Command& chosen);
+    void AddGenerateCommand(CLI::App& program, Command& chosen); // behind all others: it writes of them
 } // namespace tool

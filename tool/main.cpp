@@ -67,6 +67,7 @@ namespace {
         AddDiffCommand(program, chosen);
         AddSchemaCommand(program, chosen);
         AddMICCommands(program, chosen);
+        AddGenerateCommand(program, chosen);
         AddFooters(program);
         try {
             program.parse(argc, argv);

@@ -3,7 +3,10 @@
 
 #include "tool/table.h"
 
+#include "tool/color.h"
 #include "tool/printable.h"
+
+#include <unicode/unistr.h>
 
 #include <algorithm>
 
@@ -13,14 +16,9 @@ namespace {
     constexpr std::size_t Gap = 2;
     constexpr std::string_view Cut = "\u2026";
 
-    char LowerCase(char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    }
-
-    bool Contains(std::string_view cell, std::string_view text) {
-        const auto same = [](char a, char b) { return LowerCase(a) == LowerCase(b); };
-        return text.empty() ||
-               std::search(cell.begin(), cell.end(), text.begin(), text.end(), same) != cell.end();
+    icu::UnicodeString Folded(std::string_view text) {
+        return icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<int>(text.size())))
+            .foldCase();
     }
 
     Table::Row Printable(const Table::Row& row) {
@@ -43,14 +41,15 @@ namespace {
         }
         if (width > 0 && tool::CountColumns(line) > width)
             line = std::string(tool::FirstColumns(line, width - 1)).append(Cut);
-        return line + "\n";
+        return line;
     }
 } // namespace
 
 void tool::Table::KeepRowsWith(std::string_view text) {
-    std::erase_if(_rows, [text](const Row& row) {
-        return std::ranges::none_of(row, [text](const std::string& cell) { return Contains(cell, text); });
-    });
+    const icu::UnicodeString wanted = Folded(text);
+    const auto holds = [&wanted](const std::string& cell) { return Folded(cell).indexOf(wanted) >= 0; };
+    if (!wanted.isEmpty())
+        std::erase_if(_rows, [&holds](const Row& row) { return std::ranges::none_of(row, holds); });
 }
 
 std::string tool::Table::Format(std::size_t width) const {
@@ -66,6 +65,7 @@ std::string tool::Table::Format(std::size_t width) const {
 
     std::string text;
     for (const Row& line : lines)
-        text += Line(line, widths, width);
+        text.append(Paint(&line == &lines.front() ? Color::Bold : Color::Plain, Line(line, widths, width)))
+            .append("\n");
     return text;
 }

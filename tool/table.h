@@ -18,7 +18,7 @@ namespace tool {
         // One cell a heading, in any UTF-8 text.
         void AddRow(Row cells) { _rows.push_back(std::move(cells)); }
         std::size_t GetRowCount() const { return _rows.size(); }
-        // Keeps the rows that have `text` in some cell, in whatever letter case (of ASCII letters).
+        // Keeps the rows that have `text` in some cell, in whatever letter case.
         void KeepRowsWith(std::string_view text);
 
         // A line for the headings and one for each row, with the columns one under the other. Lines of more

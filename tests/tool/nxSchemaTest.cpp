@@ -4,6 +4,7 @@
 // Holds the schemas to what the records read: xmllint (of libxml2-utils) judges by the schema, and the report
 // of a reading by the record.
 
+#include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxFormatExamples.h"
 #include "tests/support/nxToolProcess.h"
 #include "xmlFramework/xml/nxXMLDescription.h"
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
@@ -23,9 +25,10 @@ namespace {
     using Type = nxXMLValueDescription::Type;
     using Fields = std::vector<nxXMLFieldDescription>;
 
-    // What is changed in a sample: the value or the name at a place, counted from 0 in the document's order.
+    // What is changed in a sample: the value, the name or the field at a place, counted from 0 in the
+    // document's order.
     struct Change {
-        enum class What { Nothing, Value, Name };
+        enum class What { Nothing, Value, Name, LeftOut };
 
         What what = What::Nothing;
         int place = 0;
@@ -43,12 +46,15 @@ namespace {
         const std::string& GetText() const { return _text; }
         int GetValueCount() const { return _values; }
         int GetNameCount() const { return _names; }
+        int GetFieldCount() const { return _fields; }
+        bool IsRequiredLeftOut() const { return _isRequiredLeftOut; }
         // Whether the changed name is in an item whose own name a schema cannot say.
         bool IsBeyondSchema() const { return _isBeyondSchema; }
 
     private:
-        void Element(const std::string& name, const Fields& fields) {
+        void Element(const std::string& name, Fields fields) {
             const std::string written = Name(name);
+            std::erase_if(fields, [this](const auto& field) { return IsLeftOut(field); });
             _text += "<" + written;
             for (const auto& field : fields) {
                 if (field.kind == Kind::Attribute)
@@ -85,6 +91,12 @@ namespace {
             _text.append("<" + written + ">").append(Value(field)).append("</" + written + ">");
         }
 
+        bool IsLeftOut(const nxXMLFieldDescription& field) {
+            const bool isLeftOut = _change.what == Change::What::LeftOut && _fields == _change.place;
+            ++_fields;
+            _isRequiredLeftOut |= isLeftOut && field.isRequired;
+            return isLeftOut;
+        }
         std::string Name(const std::string& name) {
             if (_change.what != Change::What::Name || _names++ != _change.place)
                 return name;
@@ -108,9 +120,18 @@ namespace {
         std::string _text;
         int _values = 0;
         int _names = 0;
+        int _fields = 0;
         bool _isInNamedItem = false;
         bool _isBeyondSchema = false;
+        bool _isRequiredLeftOut = false;
     };
+
+    Fields Reversed(Fields fields) {
+        std::ranges::reverse(fields);
+        for (auto& field : fields)
+            field.itemFields = Reversed(field.itemFields);
+        return fields;
+    }
 
     std::set<std::string> ExampleRecords() {
         std::set<std::string> records;
@@ -166,10 +187,14 @@ protected:
     }
 
     nxXMLDescription _description;
+
+private:
+    nxCollectedLog _log; // which says what the findings say
 };
 
 TEST_P(nxSchema, TakesWhatTheFormatPagesShowAndTheLibraryWrites) {
-    std::vector<std::string> documents{Sample(_description).GetText()};
+    const nxXMLDescription reversed{_description.root, Reversed(_description.fields)};
+    std::vector<std::string> documents{Sample(_description).GetText(), Sample(reversed).GetText()};
     for (const std::string& page : nxFormatExamples::Pages()) {
         for (const auto& example : nxFormatExamples::ExamplesOf(page)) {
             std::string written;
@@ -194,6 +219,17 @@ TEST_P(nxSchema, RefusesEveryNameThatTheRecordDoesNotKnow) {
         const Sample sample(_description, {Change::What::Name, place});
         documents.push_back(sample.GetText());
         expected.push_back(sample.IsBeyondSchema());
+    }
+    EXPECT_EQ(_Judge(documents), expected) << testing::PrintToString(documents);
+}
+
+TEST_P(nxSchema, RefusesADocumentWithoutWhatIsRequired) {
+    std::vector<std::string> documents;
+    std::vector<bool> expected;
+    for (int place = 0; place < Sample(_description).GetFieldCount(); ++place) {
+        const Sample sample(_description, {Change::What::LeftOut, place});
+        documents.push_back(sample.GetText());
+        expected.push_back(!sample.IsRequiredLeftOut());
     }
     EXPECT_EQ(_Judge(documents), expected) << testing::PrintToString(documents);
 }
