@@ -6,6 +6,8 @@
 #include "tests/support/nxToolProcess.h"
 #include "tests/tool/nxToolDocuments.h"
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <utility>
 
@@ -132,7 +134,7 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
 
 TEST_F(nxToolCheck, FindsTheRootElementBehindWhatMayStandBeforeIt) {
     const std::string documents[] = {
-        "\xEF\xBB\xBF<?xml version='1.0'?><!-- <BrokerMap> --> <?a <BrokerMap>?>\n<MICDefinitionList\n/>",
+        "\xEF\xBB\xBF<?xml version='1.0'?><!-- -> <BrokerMap> --> <?a <BrokerMap>?>\n<MICDefinitionList\n/>",
         UTF16("<MICDefinitionList/>"),
         "<?xml version='1.0' encoding='ISO-8859-1'?><!-- \xE9 --><MICDefinitionList></MICDefinitionList>"};
     for (const std::string& document : documents) {
@@ -262,6 +264,25 @@ TEST_F(nxToolCheck, PrintsTheSameWhateverTheNumberOfThreads) {
     EXPECT_NE(one.out.find("\n300 files: 43 OK, 257 FAILED\n"), std::string::npos);
     for (const char* const jobs : {"2", "7", "1000", "0"})
         EXPECT_EQ(_Run({"check", "--strict", "d", "--jobs", jobs}).out, one.out) << jobs;
+}
+
+// The first file is there late, the others at once.
+TEST_F(nxToolCheck, ShowsItsProgressAFewTimesASecondWhenItTakesLong) {
+    if (std::system("script --version >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "script, which makes a terminal, is not there";
+    _Write("good.xml", MICList(""));
+    ASSERT_EQ(::mkfifo((_folder / "late.xml").c_str(), 0600), 0);
+    std::string command = "cd '" + _folder.string() +
+                          "' && { { sleep 1.2; cat good.xml >late.xml; } & script -qec '" NX_TOOL_PATH
+                          " check --quiet late.xml";
+    for (int i = 0; i < 200; ++i)
+        command += " good.xml";
+    EXPECT_EQ(std::system((command + "' /dev/null >shown </dev/null; }").c_str()), 0);
+
+    const std::string shown = _Read("shown");
+    EXPECT_TRUE(shown.starts_with("\r[........................................] 1 of 201")) << shown;
+    EXPECT_LT(std::ranges::count(shown, '['), 20) << shown;
+    EXPECT_EQ(shown.substr(shown.rfind('\r')), "\r\x1B[K");
 }
 
 TEST_F(nxToolCheck, PrintsAnObjectALineForOtherPrograms) {
