@@ -98,7 +98,9 @@ TEST_F(nxToolCheck, SaysOfEachFileWhetherItIsGood) {
     EXPECT_EQ(_Run({"check", "--strict", "--type", "XMIC", "other.xml"}).out,
               "other.xml: OK (MIC definition list, 0 items)\n"
               "  note: 1 element is not there and has its default: see --complete\n");
-    EXPECT_EQ(_Run({"check", "dropped.xml", "--log-level", "fatal"}).status, 1);
+    const Outcome unlogged = _Run({"check", "dropped.xml", "--log-level", "fatal"});
+    EXPECT_EQ(unlogged.status, 1);
+    EXPECT_EQ(unlogged.out.find("error: "), std::string::npos);
 }
 
 TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
@@ -189,9 +191,10 @@ TEST_F(nxToolCheck, NamesTheItemThatIsNotValidAndWhy) {
         {Hours(Period("0", "6") + "<Period/>"),
          "  trading hours scheme 'Night', period 2: no session type, no time zone region, no time, no start "
          "day, no end day\n"},
-        {Hours(Period("5", "4") + Period("0", "7")),
+        {Hours(Period("5", "4") + Period("0", "7") + Period("9", "3")),
          "  trading hours scheme 'Night', period 1: start day 5 is behind end day 4\n"
-         "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"},
+         "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"
+         "  trading hours scheme 'Night', period 3: start day 9 is beyond 6\n"},
         {"<OrvalenPriceStatistics/>", "  the user is not known: userID is NULL\n"},
         {"<SyntheticSpreadSpec/>", "  error: Spec must contain at least 2 legs\n"},
         {Spread("<ConditionalPayup>true</ConditionalPayup><PayupTicks>2</PayupTicks>",
