@@ -55,7 +55,7 @@ namespace {
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
             Reader reader(node, context);
             reader("Key", Required(key));
-            return reader.GetResult();
+            return reader.GetOutcome().GetResult();
         }
         void _Write(nxXMLSink& sink) const {
             Writer writer(sink);
@@ -139,7 +139,7 @@ TEST(nxXMLFieldsReader, KeepsTheFailureOfWhatIsRequired) {
         reader(required, Required(number));
         reader("e", Required(other)); // not once something required has failed
         reader("f", last);
-        return std::tuple(reader.GetResult().GetEnumValue(), number, other, last);
+        return std::tuple(reader.GetOutcome().GetResult().GetEnumValue(), number, other, last);
     };
     EXPECT_EQ(read("a", AfterFailure::GoOn), std::tuple(nxErrorEnum::OK, 1U, 2U, 3U));
     EXPECT_EQ(read("b", AfterFailure::GoOn), std::tuple(nxErrorEnum::ValueNotParsed, 0U, 0U, 3U));
@@ -173,7 +173,7 @@ TEST(nxXMLFieldsLists, TakeTheChildrenThatTheirKindTakes) {
         Reader reader(document.Root(), Context);
         reader("l", ListOf<decltype(kind)>(name, items));
         reader("m", ListOf<decltype(kind)>(name, items)); // is not there, which is no failure
-        EXPECT_EQ(reader.GetResult(), nxErrorEnum::OK);
+        EXPECT_EQ(reader.GetOutcome().GetResult(), nxErrorEnum::OK);
         return items;
     };
     using Texts = std::vector<std::string>;
@@ -213,7 +213,7 @@ TEST(nxXMLFieldsLists, EndAtAnItemThatCannotBeReadAndPassItsFailureOn) {
     const Document document(Element("l", item + "<i><Key/></i>" + Element("i", Elements("Key=late"))));
     Reader reader(document.Root(), Context);
     reader("l", ListOf("i", KeyedBy(&Item::key, items)));
-    EXPECT_EQ(reader.GetResult(), nxErrorEnum::ValueNotFound);
+    EXPECT_EQ(reader.GetOutcome().GetResult(), nxErrorEnum::ValueNotFound);
     ASSERT_EQ(items.size(), 1U);
     EXPECT_EQ(items.begin()->first, "k");
 }

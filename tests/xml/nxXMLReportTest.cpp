@@ -112,8 +112,8 @@ namespace {
         {Losses<nxAlgoIDMappingList>,
          "<AlgoIDMappingList><AlgoIDMappings><AlgoMapping><AlgoPath>a</AlgoPath><AlgoID/></AlgoMapping>"
          "</AlgoIDMappings></AlgoIDMappingList>",
-         "1:36 /AlgoIDMappingList/AlgoIDMappings/AlgoMapping [a] item 'AlgoMapping': left out, as it has no "
-         "path or no ID, or one that is there already\n"
+         "1:36 /AlgoIDMappingList/AlgoIDMappings/AlgoMapping [a] item 'AlgoMapping': Algo ID is not "
+         "specified or is not a valid number\n"
          "1:71 /AlgoIDMappingList/AlgoIDMappings/AlgoMapping/AlgoID [a] found no text, expected a whole "
          "number from "
          "0 to 4294967295; the record holds '4294967295'\n"},

@@ -46,9 +46,8 @@ namespace {
             field("Name", nxXMLFields::Required(name), nxXMLFields::Key());
         }
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
-            nxXMLFields::Reader reader(node, context);
-            Visit(reader);
-            return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
+            return nxXMLFields::ReadFirst(node, context, [this](auto& field) { Visit(field); })
+                .GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read module. ");
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
         static std::vector<nxXMLFieldDescription> _Describe() {
@@ -138,9 +137,10 @@ nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const
          context,
          "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
         [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
-            nxXMLFields::Reader reader(root, readContext, nxXMLFields::AfterFailure::Stop);
-            Fields::Visit(*this, reader);
-            return reader.GetResult();
+            return nxXMLFields::ReadFirst(
+                       root, readContext, [this](auto& field) { Fields::Visit(*this, field); },
+                       nxXMLFields::AfterFailure::Stop)
+                .GetResult();
         },
         [](const nxErrorEnum& result) { return result; });
 }

@@ -61,9 +61,9 @@ nxErrorEnum nxKestrumJobSpec::ConvertFromXML(const std::string& xml, const std::
          context,
          "Failed to convert XML data to Kestrum Job Spec. Unable to create XML document from XML string"},
         [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
-            nxXMLFields::Reader reader(root, readContext);
-            Fields::Visit(*this, reader);
-            return reader.GetResult();
+            return nxXMLFields::ReadFirst(root, readContext,
+                                          [this](auto& field) { Fields::Visit(*this, field); })
+                .GetResult();
         });
 }
 

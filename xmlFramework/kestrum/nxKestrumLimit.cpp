@@ -51,9 +51,8 @@ void nxKestrumLimit::SetContextLimit() {
 }
 
 nxErrorEnum nxKestrumLimit::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
-    nxXMLFields::Reader reader(node, context);
-    Fields::Visit(*this, reader);
-    return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read limit. ");
+    return nxXMLFields::ReadFirst(node, context, [this](auto& field) { Fields::Visit(*this, field); })
+        .GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read limit. ");
 }
 
 void nxKestrumLimit::_Write(nxXMLSink& sink) const {

@@ -32,7 +32,7 @@ nxErrorEnum nxKestrumModuleSpec::ConvertFromXML(const std::string& xml, const st
          context,
          "Failed to convert XML data to spread spec. Unable to create XML document from XML string"},
         [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
-            Fields::Visit(*this, nxXMLFields::Reader(root, readContext));
+            nxXMLFields::ReadFirst(root, readContext, [this](auto& field) { Fields::Visit(*this, field); });
             return nxErrorEnum::OK;
         });
 }

@@ -43,9 +43,9 @@ nxKestrumParameterDefinition* nxKestrumParameterDefinition::CopyInstance() const
 
 nxErrorEnum nxKestrumParameterDefinition::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
     _nameWatch.Report();
-    nxXMLFields::Reader reader(node, context, nxXMLFields::AfterFailure::Stop);
-    Fields::Visit(*this, reader);
-    return reader.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");
+    const nxXMLFields::Outcome outcome = nxXMLFields::ReadFirst(
+        node, context, [this](auto& field) { Fields::Visit(*this, field); }, nxXMLFields::AfterFailure::Stop);
+    return outcome.GetResultLogged({nxLogLevels::Error, SourceFile}, "Failed to read parameter definition. ");
 }
 
 void nxKestrumParameterDefinition::_Write(nxXMLSink& sink) const {

@@ -36,7 +36,7 @@ nxErrorEnum nxKestrumUserLimit::ConvertFromXML(const std::string& xml, const std
          context,
          "Failed to convert XML data to kestrum user limit. Unable to create XML document from XML string"},
         [this](const nxXMLNode& root, const nxXMLReadContext& readContext) {
-            Fields::Visit(*this, nxXMLFields::Reader(root, readContext));
+            nxXMLFields::ReadFirst(root, readContext, [this](auto& field) { Fields::Visit(*this, field); });
             return nxErrorEnum::OK;
         });
 }

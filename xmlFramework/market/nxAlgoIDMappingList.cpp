@@ -77,14 +77,17 @@ namespace {
 
         const char* Add(const AlgoMapping& mapping) {
             if (!mapping.hasPath)
-                return Refuse("Algo path element was not found");
+                return Refuse({nxLogLevels::Error, SourceFile}, "Algo path element was not found");
             if (!mapping.id.IsValid())
-                return Refuse("Algo ID is not specified or is not a valid number");
+                return Refuse({nxLogLevels::Error, SourceFile},
+                              "Algo ID is not specified or is not a valid number");
             std::string path(mapping.path);
             if (_mappings.contains(path))
-                return Refuse("Algo path is duplicate. Algo path: ", path);
+                return Refuse({nxLogLevels::Error, SourceFile}, "Algo path is duplicate",
+                              ". Algo path: ", path);
             if (!_ids.insert(mapping.id).second)
-                return Refuse("Algo ID is duplicate. Algo ID: ", mapping.id);
+                return Refuse({nxLogLevels::Error, SourceFile}, "Algo ID is duplicate",
+                              ". Algo ID: ", mapping.id);
             _mappings.emplace(std::move(path), mapping.id);
             return nullptr;
         }
@@ -96,10 +99,9 @@ namespace {
 
     private:
         template <class... Pieces>
-        static const char* Refuse(const Pieces&... pieces) {
-            nxWriteLog({nxLogLevels::Error, SourceFile}, "Failed to create algo mapping from XML element. ",
-                       pieces...);
-            return "left out, as it has no path or no ID, or one that is there already";
+        static const char* Refuse(const nxLogSite& site, const char* reason, const Pieces&... pieces) {
+            nxWriteLog(site, "Failed to create algo mapping from XML element. ", reason, pieces...);
+            return reason;
         }
 
         nxAlgoIDMappingList::Mappings& _mappings;

@@ -23,9 +23,7 @@ namespace {
             field("name", nxXMLFields::Attribute(name));
         }
         nxErrorEnum _Read(const nxXMLNode& node, const nxXMLReadContext& context) {
-            nxXMLFields::Reader reader(node, context);
-            Visit(reader);
-            return reader.GetResult();
+            return nxXMLFields::ReadFirst(node, context, [this](auto& field) { Visit(field); }).GetResult();
         }
         void _Write(nxXMLSink& sink) { Visit(nxXMLFields::Writer(sink)); }
         static std::vector<nxXMLFieldDescription> _Describe() {
@@ -80,9 +78,9 @@ nxErrorEnum nxBrokerMap::ConvertFromXML(const std::string& xml, const std::strin
     return nxXMLConversion::ReadDocument(
         xml, {Fields::Root, {nxLogLevels::Error, SourceFile}, logPrefix, Failure},
         [this, &logPrefix](const nxXMLNode& root, const nxXMLReadContext& context) {
-            nxXMLFields::Reader reader(root, context);
-            Fields::Visit(*this, reader);
-            if (reader.GetResult().IsOK())
+            if (nxXMLFields::ReadFirst(root, context, [this](auto& field) { Fields::Visit(*this, field); })
+                    .GetResult()
+                    .IsOK())
                 return nxErrorEnum::OK;
             // The same message, whatever went wrong.
             nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, Failure);

@@ -45,16 +45,17 @@ struct nxOrvalenPriceUsageStatistics::Fields {
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertFromXML(const std::string& xml,
                                                           const std::string& logPrefix) {
     // The message names another record; log monitoring matches it as it stands.
-    return nxXMLConversion::ReadDocument(xml,
-                                         {Fields::Root,
-                                          {nxLogLevels::Error, SourceFile},
-                                          logPrefix,
-                                          "Failed to convert XML data to exchange trading horus definition "
-                                          "list. Unable to create XML document from XML string"},
-                                         [this](const nxXMLNode& root, const nxXMLReadContext& context) {
-                                             Fields::Visit(*this, nxXMLFields::Reader(root, context));
-                                             return nxErrorEnum::OK;
-                                         });
+    return nxXMLConversion::ReadDocument(
+        xml,
+        {Fields::Root,
+         {nxLogLevels::Error, SourceFile},
+         logPrefix,
+         "Failed to convert XML data to exchange trading horus definition "
+         "list. Unable to create XML document from XML string"},
+        [this](const nxXMLNode& root, const nxXMLReadContext& context) {
+            nxXMLFields::ReadFirst(root, context, [this](auto& field) { Fields::Visit(*this, field); });
+            return nxErrorEnum::OK;
+        });
 }
 
 nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertToXML(std::string& xmlOut, const std::string&) {

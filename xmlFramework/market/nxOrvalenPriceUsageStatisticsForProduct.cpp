@@ -19,9 +19,8 @@ struct nxOrvalenPriceUsageStatisticsForProduct::Fields {
 
 nxErrorEnum nxOrvalenPriceUsageStatisticsForProduct::_Read(const nxXMLNode& node,
                                                            const nxXMLReadContext& context) {
-    nxXMLFields::Reader reader(node, context);
-    Fields::Visit(*this, reader);
-    return reader.GetResult();
+    return nxXMLFields::ReadFirst(node, context, [this](auto& field) { Fields::Visit(*this, field); })
+        .GetResult();
 }
 
 void nxOrvalenPriceUsageStatisticsForProduct::_Write(nxXMLSink& sink) const {

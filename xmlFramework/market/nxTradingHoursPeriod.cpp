@@ -34,9 +34,8 @@ nxErrorEnum nxTradingHoursPeriod::IsValid() const {
 }
 
 nxErrorEnum nxTradingHoursPeriod::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
-    nxXMLFields::NextReader reader(node, context);
-    Fields::Visit(*this, reader);
-    return reader.GetResult();
+    return nxXMLFields::ReadNext(node, context, [this](auto& field) { Fields::Visit(*this, field); })
+        .GetResult();
 }
 
 void nxTradingHoursPeriod::_Write(nxXMLSink& sink) const {

@@ -36,13 +36,14 @@ bool nxTradingHoursScheme::IsEqual(const nxTradingHoursScheme& other) const {
 }
 
 nxErrorEnum nxTradingHoursScheme::_Read(const nxXMLNode& node, const nxXMLReadContext& context) {
-    nxXMLFields::NextReader reader(node, context);
-    Fields::Visit(*this, reader);
-    if (!reader.GetResult().IsOK())
+    const nxErrorEnum result = nxXMLFields::ReadNext(node, context, [this](auto& field) {
+                                   Fields::Visit(*this, field);
+                               }).GetResult();
+    if (!result.IsOK())
         nxWriteLog({nxLogLevels::Error, SourceFile}, context.logPrefix,
                    "Failed to convert XML data to trading hours period. "
                    "Failed to create trading hours scheme from XML");
-    return reader.GetResult();
+    return result;
 }
 
 void nxTradingHoursScheme::_Write(nxXMLSink& sink) const {

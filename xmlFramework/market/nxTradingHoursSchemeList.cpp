@@ -34,13 +34,14 @@ nxErrorEnum nxTradingHoursSchemeList::ConvertFromXML(const std::string& xml, con
          "Failed to convert XML data to trading hours scheme list. Unable to create XML "
          "document from XML string"},
         [this, &logPrefix](const nxXMLNode& root, const nxXMLReadContext& context) {
-            nxXMLFields::Reader reader(root, context);
-            Fields::Visit(*this, reader);
-            if (!reader.GetResult().IsOK())
+            const nxErrorEnum result = nxXMLFields::ReadFirst(root, context, [this](auto& field) {
+                                           Fields::Visit(*this, field);
+                                       }).GetResult();
+            if (!result.IsOK())
                 nxWriteLog({nxLogLevels::Error, SourceFile}, logPrefix, // two blanks: as it has always been
                            "Failed to convert XML data to trading hours scheme list spec. "
                            "Failed to convert trading hours scheme  from XML");
-            return reader.GetResult();
+            return result;
         });
 }
 

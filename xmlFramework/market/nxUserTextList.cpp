@@ -35,7 +35,7 @@ nxErrorEnum nxUserTextList::ConvertFromXML(const std::string& xml, const std::st
          "Failed to convert XML data to user text history list. Unable to create XML "
          "document from XML string"},
         [this](const nxXMLNode& root, const nxXMLReadContext& context) {
-            Fields::Visit(*this, nxXMLFields::Reader(root, context));
+            nxXMLFields::ReadFirst(root, context, [this](auto& field) { Fields::Visit(*this, field); });
             return nxErrorEnum::OK;
         });
 }

@@ -13,25 +13,36 @@
 #include "xmlFramework/xml/nxXMLSession.h"
 #include "xmlFramework/xml/nxXMLTextSink.h"
 
-#include <sys/mman.h>
-
-#include <memory>
-
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLDocument";
 
-    // Makes room for a text. Much room is asked for in huge pages: of usual ones there are so many that it
-    // takes a fifth of the time to write the text until the system has handed out all of them.
-    void Reserve(std::string& text, std::size_t size) {
-        text.reserve(size);
-#ifdef MADV_HUGEPAGE
-        constexpr std::size_t HugePage = std::size_t{2} << 20U;
-        void* begin = text.data();
-        std::size_t room = text.capacity();
-        if (std::align(HugePage, HugePage, begin, room))
-            madvise(begin, room, MADV_HUGEPAGE); // a hint: without them it goes on as usual
-#endif
-    }
+    // Appends to a text what is to take its place. What stood there comes back unless the new text is kept:
+    // so the memory of a text that is written again and again is used again.
+    class Replacement {
+    public:
+        explicit Replacement(std::string& text) : _text(text), _oldSize(text.size()) {
+            _replacement.swap(text);
+        }
+        ~Replacement() {
+            if (!_isKept)
+                _replacement.resize(_oldSize); // never grows
+            _text.swap(_replacement);
+        }
+        Replacement(const Replacement&) = delete;
+        Replacement& operator=(const Replacement&) = delete;
+
+        std::string& Get() { return _replacement; }
+        void Keep() {
+            _replacement.erase(0, _oldSize);
+            _isKept = true;
+        }
+
+    private:
+        std::string& _text;
+        std::string _replacement;
+        std::size_t _oldSize;
+        bool _isKept = false;
+    };
 } // namespace
 
 namespace {
@@ -88,9 +99,8 @@ void nxXMLConversion::Reading::Report() const {
 
 nxErrorEnum nxXMLConversion::Save(std::string_view rootName, std::string& xmlOut,
                                   const std::function<void(nxXMLSink& sink)>& fill) {
-    std::string text;
-    Reserve(text, xmlOut.size()); // mostly the same document again
-    nxXMLTextSink sink(text);
+    Replacement text(xmlOut);
+    nxXMLTextSink sink(text.Get());
     sink.Start(rootName);
     fill(sink);
     sink.End();
@@ -100,7 +110,7 @@ nxErrorEnum nxXMLConversion::Save(std::string_view rootName, std::string& xmlOut
         return sink.GetResult();
     }
     sink.Flush();
-    xmlOut.swap(text);
+    text.Keep();
     return nxErrorEnum::OK;
 }
 

@@ -361,13 +361,20 @@ namespace nxXMLFields {
         std::string _text; // of the value at hand
     };
 
-    // What the readers have in common: reads one field from the node that was found for it.
-    class FieldReader {
-    public:
-        explicit FieldReader(const nxXMLNode& parent, const nxXMLReadContext& context,
-                             AfterFailure afterFailure = AfterFailure::GoOn)
-            : _parent(parent), _context(context), _afterFailure(afterFailure) {}
+    // ---- Readers
+    //
+    // What a reader does it tells a listener: nobody mostly, at no cost, or one who notes it.
 
+    struct Silence {
+        static constexpr bool Listens = false;
+    };
+    struct Noting {
+        static constexpr bool Listens = true;
+    };
+
+    // What came of reading a record's fields.
+    class Outcome {
+    public:
         // That of the first required field, or item of a list, that failed.
         const nxErrorEnum& GetResult() const { return _result; }
         // Logs `message` with the field that failed and why, if one did.
@@ -378,54 +385,73 @@ namespace nxXMLFields {
                     [this] { return _result.GetShortDescription(); });
             return _result;
         }
+        void Fail(const nxErrorEnum& result, std::string_view field) {
+            _result = result;
+            _failed = field;
+        }
+
+    private:
+        nxErrorEnum _result;
+        std::string_view _failed;
+    };
+
+    // What the readers have in common: reads one field from the node that was found for it.
+    template <class Listener>
+    class FieldReader {
+    public:
+        explicit FieldReader(const nxXMLNode& parent, const nxXMLReadContext& context,
+                             AfterFailure afterFailure = AfterFailure::GoOn)
+            : _parent(parent), _context(context), _afterFailure(afterFailure) {}
+
+        const Outcome& GetOutcome() const { return _outcome; }
 
     protected:
         template <class T>
         static constexpr bool Counts = IsRequired<T> || IsList<T>;
 
+        const nxXMLNode& GetParent() const { return _parent; }
+
         template <class T>
         bool IsWanted() const {
-            return _result.IsOK() || (!Counts<T> && _afterFailure == AfterFailure::GoOn);
+            return _outcome.GetResult().IsOK() || (!Counts<T> && _afterFailure == AfterFailure::GoOn);
         }
         // To be called for every field, whether or not it is going to be read.
         template <class T>
         void Ask(std::string_view name, const T& field) {
-            if (_context.notes) [[unlikely]]
-                NoteAsked(name, field, *_context.notes);
+            if constexpr (!Listener::Listens || (IsList<T> && ReadsParent<T>)) // which asks itself
+                return;
+            else {
+                bool isWritten = true;
+                if constexpr (HasCondition<T>)
+                    isWritten = field.IsWritten();
+                const auto kind = IsAttribute<T> ? nxXMLNotes::Kind::Attribute
+                                  : IsList<T>    ? nxXMLNotes::Kind::List
+                                                 : nxXMLNotes::Kind::Element;
+                _context.notes->Asks(_parent, {std::string(name), kind, {}, isWritten, HeldText(field)});
+            }
         }
         template <class... Traits, class T>
         void Read(const nxXMLNode& node, std::string_view name, T& field) {
             const nxErrorEnum result = ReadValue(node, field, _context);
-            if (_context.notes && node.IsValid()) [[unlikely]]
-                NoteRead(node, name, field, result, HasKey<Traits...>, *_context.notes);
+            if constexpr (Listener::Listens) {
+                if (node.IsValid())
+                    Note(node, name, field, result, HasKey<Traits...>);
+            }
             Take<T>(result, name);
         }
         template <class... Traits, class T>
         void ReadFromParent(std::string_view name, T& field) {
             const nxErrorEnum result = field.ReadFrom(_parent, name, _context);
-            if (_context.notes && HasKey<Traits...>) [[unlikely]]
+            if constexpr (Listener::Listens && HasKey<Traits...>)
                 _context.notes->HasKey(_parent, HeldText(field));
             Take<T>(result, name);
         }
 
-        const nxXMLNode _parent;
-
     private:
         template <class T>
-        [[gnu::noinline]] void NoteAsked(std::string_view name, const T& field, nxXMLNotes& notes) {
-            if constexpr (IsList<T> && ReadsParent<T>)
-                return; // the list does
-            bool isWritten = true;
-            if constexpr (HasCondition<T>)
-                isWritten = field.IsWritten();
-            const auto kind = IsAttribute<T> ? nxXMLNotes::Kind::Attribute
-                              : IsList<T>    ? nxXMLNotes::Kind::List
-                                             : nxXMLNotes::Kind::Element;
-            notes.Asks(_parent, {std::string(name), kind, {}, isWritten, HeldText(field)});
-        }
-        template <class T>
-        [[gnu::noinline]] void NoteRead(const nxXMLNode& node, std::string_view name, const T& field,
-                                        const nxErrorEnum& result, bool isKey, nxXMLNotes& notes) {
+        void Note(const nxXMLNode& node, std::string_view name, const T& field, const nxErrorEnum& result,
+                  bool isKey) {
+            nxXMLNotes& notes = *_context.notes;
             notes.Takes(_parent, name, node, !IsList<T>);
             if constexpr (!IsList<T>) {
                 std::string held = HeldText(field);
@@ -436,50 +462,46 @@ namespace nxXMLFields {
             }
         }
 
-        void NoteFailed(std::string_view name, nxXMLNotes& notes) const {
-            notes.Ends(_parent, "what stands before it could not be read: '" + std::string(name) + "'");
-        }
-
         template <class T>
         void Take(const nxErrorEnum& result, std::string_view name) {
             if (!Counts<T> || result.IsOK())
                 return;
-            _result = result;
-            _failed = name;
-            if (_context.notes) [[unlikely]]
+            _outcome.Fail(result, name);
+            if constexpr (Listener::Listens)
                 _context.notes->Ends(_parent,
                                      "what stands before it could not be read: '" + std::string(name) + "'");
         }
 
+        const nxXMLNode _parent;
         const nxXMLReadContext& _context;
         AfterFailure _afterFailure;
-        nxErrorEnum _result;
-        std::string_view _failed;
+        Outcome _outcome;
     };
 
     // Reads each field from the first child of its name. No two fields have one name.
-    class Reader : public FieldReader {
+    template <class Listener = Silence>
+    class Reader : public FieldReader<Listener> {
     public:
         explicit Reader(const nxXMLNode& parent, const nxXMLReadContext& context,
                         AfterFailure afterFailure = AfterFailure::GoOn)
-            : FieldReader(parent, context, afterFailure), _next(parent.GetFirstChild()) {}
+            : FieldReader<Listener>(parent, context, afterFailure), _next(parent.GetFirstChild()) {}
 
         template <class T, class... Traits>
         void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
             using Field = std::remove_cvref_t<T>;
-            Ask(name, field);
-            if (!IsWanted<Field>())
+            this->Ask(name, field);
+            if (!this->template IsWanted<Field>())
                 return;
             if constexpr (ReadsParent<Field>)
-                ReadFromParent<Traits...>(name, field);
+                this->template ReadFromParent<Traits...>(name, field);
             else
-                Read<Traits...>(Find(name), name, field);
+                this->template Read<Traits...>(Find(name), name, field);
         }
 
     private:
         nxXMLNode Find(std::string_view name) {
             if (!_next.HasName(name))
-                return _parent.FindChild(name);
+                return this->GetParent().FindChild(name);
             const nxXMLNode found = _next;
             _next = _next.GetNext();
             return found;
@@ -492,38 +514,51 @@ namespace nxXMLFields {
 
     // Reads each field from the next child of that name behind the child that it found before, or from the
     // first one where it found none before.
-    class NextReader : public FieldReader {
+    template <class Listener = Silence>
+    class NextReader : public FieldReader<Listener> {
     public:
-        explicit NextReader(const nxXMLNode& parent, const nxXMLReadContext& context)
-            : FieldReader(parent, context) {}
+        explicit NextReader(const nxXMLNode& parent, const nxXMLReadContext& context,
+                            AfterFailure afterFailure = AfterFailure::GoOn)
+            : FieldReader<Listener>(parent, context, afterFailure) {}
 
         template <class T, class... Traits>
         void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
-            Ask(name, field);
-            _found = _found.IsValid() ? _found.FindNext(name) : _parent.FindChild(name);
-            Read<Traits...>(_found, name, field);
+            this->Ask(name, field);
+            _found = _found.IsValid() ? _found.FindNext(name) : this->GetParent().FindChild(name);
+            this->template Read<Traits...>(_found, name, field);
         }
 
     private:
         nxXMLNode _found;
     };
 
-    // Reads each child, in the document's order, into the field of its name: see ReadInDocumentOrder.
-    class Walk : public FieldReader {
+    // Reads each child, in the document's order, into the field of its name.
+    template <class Listener = Silence>
+    class Walk : public FieldReader<Listener> {
     public:
-        explicit Walk(const nxXMLNode& parent, const nxXMLReadContext& context)
-            : FieldReader(parent, context), _child(parent.GetFirstChild()) {}
+        explicit Walk(const nxXMLNode& parent, const nxXMLReadContext& context, AfterFailure afterFailure)
+            : FieldReader<Listener>(parent, context, afterFailure), _child(parent.GetFirstChild()) {}
 
-        bool AtEnd() const { return !_child.IsValid(); }
-        const nxXMLNode& GetChild() const { return _child; }
-        void Advance() { _child = _child.GetNext(); }
+        // A round through the fields takes every child that stands in the fields' order, so documents as
+        // records write them need one round.
+        template <class VisitFields>
+        void ReadAll(VisitFields visitFields) {
+            if (Listener::Listens && !_child.IsValid())
+                visitFields(*this); // who listens wants to know what is asked for
+            while (_child.IsValid()) {
+                const nxXMLNode before = _child;
+                visitFields(*this);
+                if (_child == before) // no field has that name
+                    _child = _child.GetNext();
+            }
+        }
 
         template <class T, class... Traits>
         void operator()(std::string_view name, T&& field, const Traits&... /*traits*/) {
-            Ask(name, field);
-            for (; _child.HasName(name); Advance()) {
-                if (IsWanted<std::remove_cvref_t<T>>())
-                    Read<Traits...>(_child, name, field);
+            this->Ask(name, field);
+            for (; _child.HasName(name); _child = _child.GetNext()) {
+                if (this->template IsWanted<std::remove_cvref_t<T>>())
+                    this->template Read<Traits...>(_child, name, field);
             }
         }
 
@@ -531,26 +566,49 @@ namespace nxXMLFields {
         nxXMLNode _child;
     };
 
-    // Reads all fields of a record from the children of `parent`, in document order: each child goes into the
-    // field of its name, so the last of several wins; children of other names are skipped. A field without a
-    // child, or with one that has no text or a malformed one, keeps its value. `visitFields` hands the fields
-    // to the visitor it is given. The result is that of the first item of a list that failed.
-    //
-    // A round through the fields takes every child that stands in the fields' order, so documents as records
-    // write them need one round.
+    template <template <class> class Reader, class Read>
+    [[gnu::cold, gnu::noinline]] Outcome ReadNoting(const nxXMLNode& parent, const nxXMLReadContext& context,
+                                                    AfterFailure afterFailure, Read read) {
+        Reader<Noting> reader(parent, context, afterFailure);
+        read(reader);
+        return reader.GetOutcome();
+    }
+    // Has a reader read, a silent one unless somebody listens. What notes is cold, so that the compiler
+    // spends its inlining on the other.
+    template <template <class> class Reader, class Read>
+    Outcome ReadWith(const nxXMLNode& parent, const nxXMLReadContext& context, AfterFailure afterFailure,
+                     Read read) {
+        if (context.notes) [[unlikely]]
+            return ReadNoting<Reader>(parent, context, afterFailure, read);
+        Reader<Silence> reader(parent, context, afterFailure);
+        read(reader);
+        return reader.GetOutcome();
+    }
+
+    // The three ways in which records read their fields. `visitFields` hands the fields to the visitor that
+    // it is given. A field without a child, or with one that has no text or a malformed one, keeps its value.
+
+    // Each field from the first child of its name.
+    template <class VisitFields>
+    Outcome ReadFirst(const nxXMLNode& parent, const nxXMLReadContext& context, VisitFields visitFields,
+                      AfterFailure afterFailure = AfterFailure::GoOn) {
+        return ReadWith<Reader>(parent, context, afterFailure, visitFields);
+    }
+
+    // Each field from the next child of its name, behind that of the field before.
+    template <class VisitFields>
+    Outcome ReadNext(const nxXMLNode& parent, const nxXMLReadContext& context, VisitFields visitFields) {
+        return ReadWith<NextReader>(parent, context, AfterFailure::GoOn, visitFields);
+    }
+
+    // Each child into the field of its name, so the last of several wins; children of other names are
+    // skipped. The result is that of the first item of a list that failed.
     template <class VisitFields>
     nxErrorEnum ReadInDocumentOrder(const nxXMLNode& parent, const nxXMLReadContext& context,
                                     VisitFields visitFields) {
-        Walk walk(parent, context);
-        if (context.notes && walk.AtEnd()) [[unlikely]]
-            visitFields(walk); // for the notes of what is looked for
-        while (!walk.AtEnd()) {
-            const nxXMLNode before = walk.GetChild();
-            visitFields(walk);
-            if (walk.GetChild() == before) // no field has that name
-                walk.Advance();
-        }
-        return walk.GetResult();
+        return ReadWith<Walk>(parent, context, AfterFailure::GoOn,
+                              [visitFields](auto& walk) { walk.ReadAll(visitFields); })
+            .GetResult();
     }
 
     // Describes each field. What the record holds makes no difference.

@@ -350,7 +350,8 @@ namespace {
         while (at && !_open.empty()) {
             const char* const text = at;
             at = _Text(text, nullptr);
-            _Lose(text, at);
+            if (_tree.WatchesLostTexts()) [[unlikely]]
+                _Lose(text, at);
             at = at ? _Markup(at) : nullptr;
         }
         return at;
@@ -370,7 +371,8 @@ namespace {
             return _StartTag(at);
         if (_IsAt(at, Section)) {
             const char* const behind = _BehindNext(at + Section.size(), End);
-            _Lose(at + Section.size(), behind ? behind - End.size() : nullptr);
+            if (_tree.WatchesLostTexts())
+                _Lose(at + Section.size(), behind ? behind - End.size() : nullptr);
             return behind;
         }
         return _IsAt(at, "<!--") ? _Comment(at) : nullptr;
@@ -378,7 +380,7 @@ namespace {
 
     // The text belongs to the innermost element, but is not the one that it has.
     void Scanner::_Lose(const char* text, const char* end) {
-        if (_tree.WatchesLostTexts() && end && end != text)
+        if (end && end != text)
             _tree.AddLostText(*_open.back().element, {text, static_cast<std::size_t>(end - text)});
     }
 

@@ -3,6 +3,8 @@
 
 #include "xmlFramework/xml/nxXMLTextSink.h"
 
+#include "core/nxLogManager.h"
+#include "include/nxLogLevels.h"
 #include "xmlFramework/xml/nxXMLCharacters.h"
 #include "xmlFramework/xml/nxXMLName.h"
 #include "xmlFramework/xml/nxXMLText.h"
@@ -187,13 +189,18 @@ void nxXMLTextSink::_CloseStartTag() {
     _isInStartTag = false;
 }
 
-void nxXMLTextSink::_Refuse(const std::string& what, std::string_view element) {
-    _problem.append(what).append(", in element '").append(element).append("'");
+// The problem is for the log, and made only where that will have it.
+template <class Describe>
+void nxXMLTextSink::_Refuse(std::string_view element, Describe describe) {
+    if (nxLogManager::ShouldLog(nxLogLevels::Error))
+        _problem.append(describe()).append(", in element '").append(element).append("'");
     _Fail(nxErrorEnum::XMLTextNotCarried);
 }
 
 void nxXMLTextSink::_RefuseText(const char* what, std::string_view text, std::string_view element) {
-    _Refuse(std::string(what) + " cannot be carried by XML: " + nxXMLText(text).GetProblem(), element);
+    _Refuse(element, [what, text] {
+        return std::string(what) + " cannot be carried by XML: " + nxXMLText(text).GetProblem();
+    });
 }
 
 // False when the text cannot be carried.
@@ -224,7 +231,8 @@ void nxXMLTextSink::Start(std::string_view name) {
         if (nxXMLText(name).GetProblem())
             _RefuseText("a name", name, _Parent());
         else
-            _Refuse("the name '" + std::string(name) + "' cannot be carried by XML", _Parent());
+            _Refuse(_Parent(),
+                    [name] { return "the name '" + std::string(name) + "' cannot be carried by XML"; });
         return;
     }
 

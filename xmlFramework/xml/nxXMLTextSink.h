@@ -29,7 +29,8 @@ public:
 
 private:
     std::string_view _Parent() const { return _open.empty() ? std::string_view() : _open.back(); }
-    void _Refuse(const std::string& what, std::string_view element);
+    template <class Describe>
+    void _Refuse(std::string_view element, Describe describe);
     void _RefuseText(const char* what, std::string_view text, std::string_view element);
     void _Reserve(std::size_t size);
     void _Put(char c) { *_next++ = c; }
