@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <iterator>
 #include <thread>
 
 namespace {
@@ -71,9 +72,9 @@ namespace {
             outcome.isComplete = _options.isComplete;
             if (!file.problem.empty())
                 outcome.problems.push_back(file.problem);
+            outcome.log = file.log.shown;
             if (file.record)
                 CheckRecord(file, outcome);
-            outcome.log.insert(outcome.log.begin(), file.log.shown.begin(), file.log.shown.end());
             outcome.contents = std::move(file.contents);
             return outcome;
         }
@@ -103,7 +104,7 @@ namespace {
                 outcome.result = CheckParameters(*_algorithm, job->Get(), problem);
             if (!problem.empty())
                 outcome.problems.push_back(problem);
-            outcome.log = TakeLog().shown;
+            std::ranges::move(TakeLog().shown, std::back_inserter(outcome.log));
             CheckLosses(file, outcome);
         }
 

@@ -31,7 +31,7 @@ namespace {
     template <class Class>
     RecordKind MakeKind(std::string_view className, std::string_view title) {
         Class empty;
-        nxXMLDescription description = empty.GetDocumentDescription();
+        nxXMLDescription description = Class::GetDocumentDescription();
         RecordKind kind{className, title, {}, false, description.root, std::move(description), [] {
                             return std::unique_ptr<Record>(std::make_unique<RecordOf<Class>>());
                         }};

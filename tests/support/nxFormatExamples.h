@@ -3,9 +3,20 @@
 
 #pragma once
 
+#include "core/nxDataCategoryEnum.h"
+#include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
+#include "xmlFramework/kestrum/nxKestrumJobSpec.h"
+#include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
 #include "xmlFramework/kestrum/nxKestrumUserLimit.h"
+#include "xmlFramework/market/nxAlgoIDMappingList.h"
+#include "xmlFramework/market/nxBrokerMap.h"
+#include "xmlFramework/market/nxExchangeDefinitionList.h"
+#include "xmlFramework/market/nxMICDefinitionList.h"
 #include "xmlFramework/market/nxOrvalenPriceUsageStatistics.h"
-#include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/market/nxSyntheticPriceServerInstanceList.h"
+#include "xmlFramework/market/nxTradingHoursSchemeList.h"
+#include "xmlFramework/market/nxUserTextList.h"
+#include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
 
 #include <gtest/gtest.h>
 
@@ -61,20 +72,31 @@ namespace nxFormatExamples {
         return examples;
     }
 
-    // Hands a new record to a function: of a category code, or of the root element's name for one without.
-    inline auto WithRecord(const std::string& name, auto visit) {
-        if (name == "KestrumUserLimit") {
-            nxKestrumUserLimit limit;
-            return visit(limit);
+    template <class Class>
+    std::string NameOf() {
+        if constexpr (requires(Class record) { record.GetDataCategoryTypeID(); })
+            return nxDataCategoryEnum(Class().GetDataCategoryTypeID()).GetAsString();
+        else
+            return Class::GetDocumentDescription().root;
+    }
+    template <class Class, class... Others>
+    auto WithRecordAmong(const std::string& name, auto visit) {
+        Class record;
+        if constexpr (sizeof...(Others) > 0) {
+            if (NameOf<Class>() != name)
+                return WithRecordAmong<Others...>(name, visit);
         }
-        unsigned int code = 0;
-        for (const char c : name)
-            code = code << 8 | static_cast<unsigned char>(c);
-        std::unique_ptr<nxXMLDataObject> object(nxXMLDataObject::CreateInstance(code));
-        if (name == "OPUS") // not registered
-            object = std::make_unique<nxOrvalenPriceUsageStatistics>();
-        EXPECT_TRUE(object) << name;
-        return visit(*object);
+        EXPECT_EQ(NameOf<Class>(), name);
+        return visit(record);
+    }
+
+    // Calls visit(record) with a new record of the class that an example names.
+    auto WithRecord(const std::string& name, auto visit) {
+        return WithRecordAmong<nxAlgoIDMappingList, nxBrokerMap, nxExchangeDefinitionList,
+                               nxKestrumAlgorithmSpec, nxKestrumJobSpec, nxKestrumModuleSpec,
+                               nxKestrumUserLimit, nxMICDefinitionList, nxOrvalenPriceUsageStatistics,
+                               nxSyntheticPriceServerInstanceList, nxSyntheticSpreadOrderSpec_XML,
+                               nxTradingHoursSchemeList, nxUserTextList>(name, visit);
     }
 
     // Reads a document and writes it again.

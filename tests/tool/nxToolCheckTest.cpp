@@ -6,6 +6,8 @@
 #include "tests/support/nxToolProcess.h"
 #include "tests/tool/nxToolDocuments.h"
 
+#include <sys/stat.h>
+
 #include <cstdlib>
 #include <utility>
 
@@ -95,7 +97,9 @@ TEST_F(nxToolCheck, SaysOfEachFileWhetherItIsGood) {
     EXPECT_EQ(_Run({"check", "--strict", "--type", "XMIC", "other.xml"}).out,
               "other.xml: OK (MIC definition list, 0 items)\n"
               "  note: 1 element is not there and has its default: see --complete\n");
-    EXPECT_EQ(_Run({"check", "dropped.xml", "--log-level", "fatal"}).status, 1);
+    const Outcome unlogged = _Run({"check", "dropped.xml", "--log-level", "fatal"});
+    EXPECT_EQ(unlogged.status, 1);
+    EXPECT_EQ(unlogged.out.find("error: "), std::string::npos);
 }
 
 TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
@@ -131,7 +135,7 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
 
 TEST_F(nxToolCheck, FindsTheRootElementBehindWhatMayStandBeforeIt) {
     const std::string documents[] = {
-        "\xEF\xBB\xBF<?xml version='1.0'?><!-- <BrokerMap> --> <?a <BrokerMap>?>\n<MICDefinitionList\n/>",
+        "\xEF\xBB\xBF<?xml version='1.0'?><!-- -> <BrokerMap> --> <?a <BrokerMap>?>\n<MICDefinitionList\n/>",
         UTF16("<MICDefinitionList/>"),
         "<?xml version='1.0' encoding='ISO-8859-1'?><!-- \xE9 --><MICDefinitionList></MICDefinitionList>"};
     for (const std::string& document : documents) {
@@ -186,9 +190,10 @@ TEST_F(nxToolCheck, NamesTheItemThatIsNotValidAndWhy) {
         {Hours(Period("0", "6") + "<Period/>"),
          "  trading hours scheme 'Night', period 2: no session type, no time zone region, no time, no start "
          "day, no end day\n"},
-        {Hours(Period("5", "4") + Period("0", "7")),
+        {Hours(Period("5", "4") + Period("0", "7") + Period("9", "3")),
          "  trading hours scheme 'Night', period 1: start day 5 is behind end day 4\n"
-         "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"},
+         "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"
+         "  trading hours scheme 'Night', period 3: start day 9 is beyond 6\n"},
         {"<OrvalenPriceStatistics/>", "  the user is not known: userID is NULL\n"},
         {"<SyntheticSpreadSpec/>", "  error: Spec must contain at least 2 legs\n"},
         {Spread("<ConditionalPayup>true</ConditionalPayup><PayupTicks>2</PayupTicks>",
@@ -261,6 +266,25 @@ TEST_F(nxToolCheck, PrintsTheSameWhateverTheNumberOfThreads) {
     EXPECT_NE(one.out.find("\n300 files: 43 OK, 257 FAILED\n"), std::string::npos);
     for (const char* const jobs : {"2", "7", "1000", "0"})
         EXPECT_EQ(_Run({"check", "--strict", "d", "--jobs", jobs}).out, one.out) << jobs;
+}
+
+// The first file is there late, the others at once.
+TEST_F(nxToolCheck, ShowsItsProgressAFewTimesASecondWhenItTakesLong) {
+    if (std::system("script --version >/dev/null 2>&1") != 0)
+        GTEST_SKIP() << "script, which makes a terminal, is not there";
+    _Write("good.xml", MICList(""));
+    ASSERT_EQ(::mkfifo((_folder / "late.xml").c_str(), 0600), 0);
+    std::string command = "cd '" + _folder.string() +
+                          "' && { { sleep 1.2; cat good.xml >late.xml; } & script -qec '" NX_TOOL_PATH
+                          " check --quiet late.xml";
+    for (int i = 0; i < 200; ++i)
+        command += " good.xml";
+    EXPECT_EQ(std::system((command + "' /dev/null >shown </dev/null; }").c_str()), 0);
+
+    const std::string shown = _Read("shown");
+    EXPECT_TRUE(shown.starts_with("\r[........................................] 1 of 201")) << shown;
+    EXPECT_LT(std::ranges::count(shown, '['), 20) << shown;
+    EXPECT_EQ(shown.substr(shown.rfind('\r')), "\r\x1B[K");
 }
 
 TEST_F(nxToolCheck, PrintsAnObjectALineForOtherPrograms) {

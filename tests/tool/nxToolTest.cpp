@@ -54,6 +54,7 @@ TEST_F(nxTool, SaysWhichCommandOrOptionWasMeant) {
     const std::pair<Arguments, std::string> cases[] = {
         {{"chekc", "a.xml"}, "command 'chekc': did you mean 'check'?"},
         {{"--log-level", "error", "mic", "exprt", "a.xml"}, "command 'exprt': did you mean 'export'?"},
+        {{"hcekc"}, "command 'hcekc': did you mean 'check'?"},
         {{"frobnicate"}, "command 'frobnicate'"},
         {{"check", "a.xml", "--sctrict=1"}, "option '--sctrict': did you mean '--strict'?"},
         {{"check", "a.xml", "--loglevel", "info"}, "option '--loglevel': did you mean '--log-level'?"},

@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <cstring>
 #include <memory>
 #include <string>
 #include <typeinfo>
@@ -41,6 +43,22 @@ namespace {
         return std::unique_ptr<nxXMLDataObject>(nxXMLDataObject::CreateInstance(code));
     }
 } // namespace
+
+// Programs that were built before find the operations by these places in the table.
+TEST(nxXMLDataObject, HasItsVirtualOperationsWhereTheyHaveAlwaysBeen) {
+    const auto placeOf = [](auto operation) {
+        std::uintptr_t offset = 0; // plus 1, as all compilers of this system have it
+        std::memcpy(&offset, &operation, sizeof offset);
+        return (offset - 1) / sizeof(void*);
+    };
+    using Create = nxXMLDataObject* (nxXMLDataObject::*)() const;
+    EXPECT_EQ(placeOf(&nxXMLDataObject::ConvertFromXML), 2U); // behind two destructors
+    EXPECT_EQ(placeOf(&nxXMLDataObject::ConvertToXML), 3U);
+    EXPECT_EQ(placeOf(&nxXMLDataObject::GetDataCategoryTypeID), 4U);
+    EXPECT_EQ(placeOf(static_cast<Create>(&nxXMLDataObject::CreateInstance)), 5U);
+    EXPECT_EQ(placeOf(&nxXMLDataObject::CopyInstance), 6U);
+    EXPECT_EQ(placeOf(&nxMICDefinitionList::IsValid), 7U);
+}
 
 TEST(nxXMLDataObjectCreateInstance, MakesAnEmptyRecordOfTheRegisteredClassOrNone) {
     const struct {

@@ -171,7 +171,7 @@ TEST(nxXMLReport, ListensToItsOwnReadingOnly) {
 
 TEST(nxXMLDescription, SaysWhatTheDocumentsLookLike) {
     using Field = nxXMLFieldDescription;
-    const nxXMLDescription algorithm = nxKestrumAlgorithmSpec().GetDocumentDescription();
+    const nxXMLDescription algorithm = nxKestrumAlgorithmSpec::GetDocumentDescription();
     EXPECT_EQ(algorithm.root, "KestrumAlgorithmSpec");
     ASSERT_EQ(algorithm.fields.size(), 7U);
     const Field& parameters = algorithm.fields[1];
@@ -181,14 +181,14 @@ TEST(nxXMLDescription, SaysWhatTheDocumentsLookLike) {
     EXPECT_EQ(parameters.itemFields[1].value.GetAsString().substr(0, 8), "one of: ");
     EXPECT_TRUE(parameters.itemFields[6].itemFields.empty() && parameters.itemFields[6].endsAtOthers);
 
-    const nxXMLDescription brokers = nxBrokerMap().GetDocumentDescription();
+    const nxXMLDescription brokers = nxBrokerMap::GetDocumentDescription();
     ASSERT_EQ(brokers.fields.size(), 1U);
     EXPECT_EQ(brokers.fields[0].kind, Field::Kind::Items);
     EXPECT_EQ(brokers.fields[0].itemNames, Field::ItemNames::Any);
     EXPECT_EQ(brokers.fields[0].itemFields[0].kind, Field::Kind::Attribute);
     EXPECT_EQ(brokers.fields[0].itemFields[0].value.maximum, "4294967295");
 
-    const nxXMLDescription spread = nxSyntheticSpreadOrderSpec_XML().GetDocumentDescription();
+    const nxXMLDescription spread = nxSyntheticSpreadOrderSpec_XML::GetDocumentDescription();
     const Field& legs = spread.fields[1];
     EXPECT_EQ(legs.itemNames, Field::ItemNames::WithNumber);
     const auto find = [&legs](const std::string& name) {

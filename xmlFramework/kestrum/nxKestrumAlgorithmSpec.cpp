@@ -159,8 +159,9 @@ bool nxKestrumAlgorithmSpec::operator==(const nxKestrumAlgorithmSpec& other) con
     return values(*this) == values(other);
 }
 
-nxXMLDescription nxKestrumAlgorithmSpec::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxKestrumAlgorithmSpec::GetDocumentDescription() {
+    const nxKestrumAlgorithmSpec none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumAlgorithmSpec::GetDataCategoryTypeID() {

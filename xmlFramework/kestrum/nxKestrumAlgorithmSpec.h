@@ -9,6 +9,7 @@
 #include "xmlFramework/kestrum/nxKestrumLimit.h"
 #include "xmlFramework/kestrum/nxKestrumParameter.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <set>
@@ -38,7 +39,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumAlgorithmSpec* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
     // Lists are equal whose items are, in order.
     bool operator==(const nxKestrumAlgorithmSpec& other) const;

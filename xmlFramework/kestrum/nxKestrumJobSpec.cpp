@@ -81,8 +81,9 @@ bool nxKestrumJobSpec::operator==(const nxKestrumJobSpec& other) const {
     return values(*this) == values(other);
 }
 
-nxXMLDescription nxKestrumJobSpec::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxKestrumJobSpec::GetDocumentDescription() {
+    const nxKestrumJobSpec none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumJobSpec::GetDataCategoryTypeID() {

@@ -6,6 +6,7 @@
 #include "include/nxOwnedItems.h"
 #include "xmlFramework/kestrum/nxKestrumLimit.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <string>
 
@@ -23,7 +24,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumJobSpec* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxKestrumJobSpec& other) const;

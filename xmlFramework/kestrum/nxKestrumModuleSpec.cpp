@@ -42,8 +42,9 @@ nxErrorEnum nxKestrumModuleSpec::ConvertToXML(std::string& xmlOut, const std::st
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxKestrumModuleSpec::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxKestrumModuleSpec::GetDocumentDescription() {
+    const nxKestrumModuleSpec none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxKestrumModuleSpec::GetDataCategoryTypeID() {

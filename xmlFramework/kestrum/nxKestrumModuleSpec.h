@@ -4,6 +4,7 @@
 #pragma once
 
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <string>
 
@@ -16,7 +17,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxKestrumModuleSpec* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxKestrumModuleSpec& other) const { return _sourceCode == other._sourceCode; }

@@ -46,6 +46,7 @@ nxErrorEnum nxKestrumUserLimit::ConvertToXML(std::string& xmlOut, const std::str
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxKestrumUserLimit::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxKestrumUserLimit::GetDocumentDescription() {
+    const nxKestrumUserLimit none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }

@@ -37,7 +37,8 @@ public:
     // malformed null; nxErrorEnum::InvalidData only where the text is no document.
     [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& context);
     [[nodiscard]] nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string& context) const;
-    nxXMLDescription GetDocumentDescription() const;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
 
 private:
     struct Fields;

@@ -143,7 +143,7 @@ nxErrorEnum nxAlgoIDMappingList::ConvertToXML(std::string& xmlOut, const std::st
     });
 }
 
-nxXMLDescription nxAlgoIDMappingList::GetDocumentDescription() const {
+nxXMLDescription nxAlgoIDMappingList::GetDocumentDescription() {
     Mappings none;
     MappingList mappings(none);
     return {Fields::Root,

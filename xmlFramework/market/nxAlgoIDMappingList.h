@@ -4,6 +4,7 @@
 #pragma once
 
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <string>
@@ -20,7 +21,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxAlgoIDMappingList* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxAlgoIDMappingList& other) const { return _mappings == other._mappings; }

@@ -93,7 +93,7 @@ nxErrorEnum nxBrokerMap::ConvertToXML(std::string& xmlOut, const std::string&) {
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxBrokerMap::GetDocumentDescription() const {
+nxXMLDescription nxBrokerMap::GetDocumentDescription() {
     nxBrokerMap none;
     return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <string>
@@ -22,7 +23,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxBrokerMap* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxBrokerMap& other) const {

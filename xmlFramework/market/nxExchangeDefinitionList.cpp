@@ -71,8 +71,9 @@ nxErrorEnum nxExchangeDefinitionList::ConvertToXML(std::string& xmlOut, const st
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxExchangeDefinitionList::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxExchangeDefinitionList::GetDocumentDescription() {
+    const nxExchangeDefinitionList none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxExchangeDefinitionList::GetDataCategoryTypeID() {

@@ -5,6 +5,7 @@
 
 #include "xmlFramework/market/nxExchangeDefinition.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <memory>
@@ -34,7 +35,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxExchangeDefinitionList* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxExchangeDefinitionList& other) const; // in the values of the items

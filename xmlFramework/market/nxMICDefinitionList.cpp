@@ -63,8 +63,9 @@ nxErrorEnum nxMICDefinitionList::ConvertToXML(std::string& xmlOut, const std::st
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxMICDefinitionList::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxMICDefinitionList::GetDocumentDescription() {
+    const nxMICDefinitionList none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxMICDefinitionList::GetDataCategoryTypeID() {

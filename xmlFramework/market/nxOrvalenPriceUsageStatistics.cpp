@@ -63,8 +63,9 @@ nxErrorEnum nxOrvalenPriceUsageStatistics::ConvertToXML(std::string& xmlOut, con
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxOrvalenPriceUsageStatistics::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxOrvalenPriceUsageStatistics::GetDocumentDescription() {
+    const nxOrvalenPriceUsageStatistics none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxOrvalenPriceUsageStatistics::GetDataCategoryTypeID() {

@@ -6,6 +6,7 @@
 #include "core/nxLogLevelEnum.h"
 #include "xmlFramework/market/nxOrvalenPriceUsageStatisticsForProduct.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <string>
@@ -22,7 +23,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxOrvalenPriceUsageStatistics* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxOrvalenPriceUsageStatistics& other) const {

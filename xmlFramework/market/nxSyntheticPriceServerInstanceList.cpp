@@ -97,8 +97,9 @@ nxErrorEnum nxSyntheticPriceServerInstanceList::ConvertToXML(std::string& xmlOut
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxSyntheticPriceServerInstanceList::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxSyntheticPriceServerInstanceList::GetDocumentDescription() {
+    const nxSyntheticPriceServerInstanceList none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxSyntheticPriceServerInstanceList::GetDataCategoryTypeID() {

@@ -50,8 +50,9 @@ nxErrorEnum nxTradingHoursSchemeList::ConvertToXML(std::string& xmlOut, const st
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxTradingHoursSchemeList::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxTradingHoursSchemeList::GetDocumentDescription() {
+    const nxTradingHoursSchemeList none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxTradingHoursSchemeList::GetDataCategoryTypeID() {

@@ -45,8 +45,9 @@ nxErrorEnum nxUserTextList::ConvertToXML(std::string& xmlOut, const std::string&
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxUserTextList::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxUserTextList::GetDocumentDescription() {
+    const nxUserTextList none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxUserTextList::GetDataCategoryTypeID() {

@@ -105,8 +105,9 @@ nxErrorEnum nxSyntheticSpreadOrderSpec_XML::ConvertToXML(std::string& xmlOut, co
         Fields::Root, xmlOut, [this](nxXMLSink& sink) { Fields::Visit(*this, nxXMLFields::Writer(sink)); });
 }
 
-nxXMLDescription nxSyntheticSpreadOrderSpec_XML::GetDocumentDescription() const {
-    return {Fields::Root, nxXMLFields::Describe([this](auto& field) { Fields::Visit(*this, field); })};
+nxXMLDescription nxSyntheticSpreadOrderSpec_XML::GetDocumentDescription() {
+    const nxSyntheticSpreadOrderSpec_XML none;
+    return {Fields::Root, nxXMLFields::Describe([&none](auto& field) { Fields::Visit(none, field); })};
 }
 
 nxUnsignedValueWrapper nxSyntheticSpreadOrderSpec_XML::GetDataCategoryTypeID() {

@@ -5,6 +5,7 @@
 
 #include "xmlFramework/spread/nxSyntheticSpreadOrderSpecLeg_XML.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <memory>
 #include <string>
@@ -30,7 +31,8 @@ public:
     nxUnsignedValueWrapper GetDataCategoryTypeID() override;
     nxXMLDataObject* CreateInstance() const override;
     nxSyntheticSpreadOrderSpec_XML* CopyInstance() const override;
-    nxXMLDescription GetDocumentDescription() const override;
+    // What the documents look like.
+    static nxXMLDescription GetDocumentDescription();
     using nxXMLDataObject::CreateInstance;
 
     bool operator==(const nxSyntheticSpreadOrderSpec_XML& other) const; // in the settings of the legs, too

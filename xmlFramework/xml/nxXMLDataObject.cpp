@@ -42,10 +42,6 @@ namespace {
 
 nxXMLDataObject::~nxXMLDataObject() = default;
 
-nxXMLDescription nxXMLDataObject::GetDocumentDescription() const {
-    return {};
-}
-
 nxXMLDataObject* nxXMLDataObject::CreateInstance(const nxUnsignedValueWrapper& id) {
     const auto entry = Registry().find(id);
     return entry != Registry().end() ? entry->second->CreateInstance() : nullptr;

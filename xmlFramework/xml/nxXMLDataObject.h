@@ -6,7 +6,6 @@
 #include "include/nxErrorEnum.h"
 #include "include/nxValueWrapper.h"
 #include "xmlFramework/nxXMLFrameworkExport.h"
-#include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <string>
 
@@ -32,9 +31,6 @@ public:
     // argument is ignored. On failure `xmlOut` is untouched; nxErrorEnum::XMLTextNotCarried says that a name
     // or a text in the record cannot stand in an XML document.
     [[nodiscard]] virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
-
-    // What the record's documents look like. A record whose class does not say describes nothing.
-    virtual nxXMLDescription GetDocumentDescription() const;
 
     // The class's category code.
     virtual nxUnsignedValueWrapper GetDataCategoryTypeID() = 0;
