@@ -45,7 +45,7 @@ namespace {
         switch (description.type) {
         case Type::Decimal:
         case Type::Time:
-            return text == "" ? Tree() : text;
+            return text.is_string() && text.get_ref<const std::string&>().empty() ? Tree() : text;
         case Type::Number:
             if (text == "NULL" || (text == description.null && !description.null.empty()))
                 return nullptr;

@@ -151,7 +151,7 @@ namespace {
 
     std::string ManPage(CLI::App& program) {
         const std::string description = program.get_description();
-        std::string page = ".TH XMLFRAMEWORK 1 \"\" \"" + program.version() + "\" \"User Commands\"\n" +
+        std::string page = R"(.TH XMLFRAMEWORK 1 "" ")" + program.version() + "\" \"User Commands\"\n" +
                            ".SH NAME\nxmlframework \\- " +
                            Roff(description.substr(0, description.find('.'))) + "\n.SH SYNOPSIS\n";
         Texts lines;
@@ -264,7 +264,7 @@ namespace {
                          const std::vector<std::pair<std::string, std::string>>& words) {
         std::string text = name + "=(";
         for (const auto& [word, description] : words)
-            text += " " + Quoted(word + ":" + description);
+            text.append(" ").append(Quoted(Joined({word, description}, ":")));
         return text + " )";
     }
 

@@ -16,7 +16,7 @@ namespace {
         UChar32 character = 0;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wconversion" // within ICU's own macro
-        U8_NEXT(text.data(), length, text.size(), character);
+        U8_NEXT(text, length, text.size(), character);
 #pragma GCC diagnostic pop
         text.remove_prefix(length);
         return character;

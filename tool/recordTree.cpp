@@ -16,7 +16,7 @@ namespace {
     using Kind = nxXMLFieldDescription::Kind;
     using Tree = nlohmann::ordered_json;
 
-    Tree ItemTree(nxXMLElement element, const Fields& fields);
+    Tree ItemTree(const nxXMLElement& element, const Fields& fields);
 
     // Items without an element around them stand among the record's other fields.
     Tree ItemTrees(nxXMLElement element, const nxXMLFieldDescription& list, const Fields& others) {
@@ -44,7 +44,7 @@ namespace {
         return field.kind == Kind::List ? ItemTrees(child, field, {}) : Tree(child.GetTextValue());
     }
 
-    Tree ItemTree(nxXMLElement element, const Fields& fields) {
+    Tree ItemTree(const nxXMLElement& element, const Fields& fields) {
         if (fields.empty())
             return element.GetTextValue();
         if (const auto* const items = FindSoleItems(fields))
