@@ -26,9 +26,14 @@ namespace {
         return rest.size() == size - 1 && std::ranges::all_of(rest, IsContinuation) ? size : 1;
     }
 
-    // The beginning of the text in its line, and not more than is shown.
+    // Up to the end of the line, or somewhat more than is shown: the line may have millions of characters.
+    std::string_view RestOfLine(std::string_view text) {
+        text = text.substr(0, 4 * ShownBehind + 1);
+        return text.substr(0, text.find_first_of("\r\n"));
+    }
+
+    // The beginning of the text, and not more than is shown.
     std::string_view Behind(std::string_view text) {
-        text = text.substr(0, std::min(text.find_first_of("\r\n"), 4 * ShownBehind + 1));
         std::size_t size = 0;
         for (std::size_t i = 0; i < ShownBehind && size < text.size(); ++i)
             size += CharacterSize(text.substr(size));
@@ -79,10 +84,10 @@ std::string tool::FindingLines::_FormatSource(const nxXMLFinding& finding) {
         return {};
     _GoTo(finding.line, finding.column);
     const std::string_view before = Before({_lineBegin, _at});
-    const std::string_view rest(_at, _contents.data() + _contents.size());
+    const std::string_view rest = RestOfLine({_at, _contents.data() + _contents.size()});
     const std::string_view behind = Behind(rest);
     const bool isCutBefore = before.data() > _lineBegin;
-    const bool isCutBehind = behind.size() < std::min(rest.find_first_of("\r\n"), rest.size());
+    const bool isCutBehind = behind.size() < rest.size();
 
     const std::string margin(2 + std::to_string(finding.line).size(), ' ');
     const std::string shown = std::string(isCutBefore ? Cut : "") + Printable(before);

@@ -176,6 +176,21 @@ TEST_F(nxToolCheck, ShowsWhatIsLostInItsPlaceWhenItIsStrict) {
               "  note: 12 elements are not there and have their defaults: see --complete\n");
 }
 
+// Were it gone through for each of its findings, this would take minutes.
+TEST_F(nxToolCheck, GoesThroughALongLineOnce) {
+    constexpr int Count = 40000;
+    std::string items;
+    for (int i = 0; i < Count; ++i) {
+        const std::string mic = "M" + std::to_string(i);
+        items += "<MICDefinition-" + mic + "><MIC>" + mic + "</MIC><X/></MICDefinition-" + mic + ">";
+    }
+    _Write("a.xml", MICList(items));
+    const std::string command =
+        "cd '" + _folder.string() + "' && timeout 40 " NX_TOOL_PATH " check --strict a.xml >out";
+    EXPECT_EQ(std::system(command.c_str()) / 256, 1); // 124: out of time
+    EXPECT_EQ(std::ranges::count(_Read("out"), '\n'), 2 + 3 * Count + 1);
+}
+
 TEST_F(nxToolCheck, NamesTheItemThatIsNotValidAndWhy) {
     const std::pair<std::string, std::string> cases[] = {
         {MICList("<MICDefinition-X><MIC>X</MIC></MICDefinition-X><MICDefinition-Y/>"),
