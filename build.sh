@@ -49,7 +49,8 @@ quietly() {
 
 library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev libcsv-dev
     libhowardhinnant-date-dev libcli11-dev nlohmann-json3-dev)
-developer_packages=("${library_packages[@]}" libgtest-dev libxml2-utils parallel pkgconf)
+developer_packages=("${library_packages[@]}" libgtest-dev libxml2-utils parallel pkgconf
+    python3-jsonschema)
 bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugixml-dev python3)
 fuzz_packages=("${developer_packages[@]}" clang)
 lint_packages=("${bench_packages[@]}" clang-format clang-tidy)

@@ -331,7 +331,7 @@ TEST_F(nxToolCheck, PrintsAnObjectALineForOtherPrograms) {
         EXPECT_NE(all.out.find(part), std::string::npos) << part << all.out;
 
     if (std::system("python3 -c 'import jsonschema' 2>/dev/null") != 0)
-        GTEST_SKIP() << "python3-jsonschema is not there";
+        GTEST_SKIP() << "python3-jsonschema is not installed";
     _Write("lines", all.out);
     const std::string validate =
         "cd '" + _folder.string() +
