@@ -3,6 +3,7 @@
 
 #include "tool/checkOutcome.h"
 
+#include "tool/color.h"
 #include "tool/findingLines.h"
 #include "tool/printable.h"
 #include "tool/recordFile.h"
@@ -48,7 +49,8 @@ namespace {
 } // namespace
 
 bool CheckOutcome::Counts(const nxXMLFinding& finding) const {
-    if (finding.kind == nxXMLFinding::Kind::NotWellFormed || IsLeftOut(finding))
+    const bool isRoot = finding.kind == nxXMLFinding::Kind::UnknownElement && finding.path.rfind('/') == 0;
+    if (finding.kind == nxXMLFinding::Kind::NotWellFormed || IsLeftOut(finding) || (isRoot && kind.empty()))
         return true;
     return finding.IsLoss() ? isStrict : isComplete;
 }
@@ -57,14 +59,14 @@ std::string tool::FormatText(const CheckOutcome& outcome) {
     std::string text;
     const std::string remarks = Remarks(outcome);
     if (outcome.result.IsOK())
-        text = DisplayName(outcome.path) + ": OK (" + outcome.kind + ", " + outcome.summary +
-               (remarks.empty() ? "" : ", ") + remarks + ")\n";
+        text = DisplayName(outcome.path) + ": " + Paint(Color::Green, "OK") + " (" + outcome.kind + ", " +
+               outcome.summary + (remarks.empty() ? "" : ", ") + remarks + ")\n";
     else
-        text = FailureLines(outcome.path, outcome.result, {});
+        text = FailureLines(outcome.path, outcome.result, {}, Stream::Output);
     for (const std::string& problem : outcome.problems)
         text += "  " + Printable(problem) + "\n";
     text += Format(outcome.log);
-    FindingLines lines(outcome.path, outcome.contents);
+    FindingLines lines(outcome.path, outcome.contents, Stream::Output);
     for (const nxXMLFinding& finding : outcome.findings) {
         if (outcome.Counts(finding))
             text += lines.Format(finding);

@@ -52,8 +52,8 @@ namespace {
     }
 } // namespace
 
-tool::FindingLines::FindingLines(const std::string& path, std::string_view contents)
-    : _name(DisplayName(path)), _contents(contents) {
+tool::FindingLines::FindingLines(const std::string& path, std::string_view contents, Stream stream)
+    : _name(DisplayName(path)), _stream(stream), _contents(contents) {
     if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; _contents.starts_with(Mark))
         _contents.remove_prefix(Mark.size());
     if (_contents.find('\0') != std::string_view::npos)
@@ -93,14 +93,14 @@ std::string tool::FindingLines::_FormatSource(const nxXMLFinding& finding) {
     const std::string shown = std::string(isCutBefore ? Cut : "") + Printable(before);
     return "  " + std::to_string(finding.line) + " | " + shown + Printable(behind) +
            std::string(isCutBehind ? Cut : "") + "\n" + margin + " | " +
-           std::string(CountColumns(shown), ' ') + "^\n";
+           std::string(CountColumns(shown), ' ') + Paint(Color::Green, "^", _stream) + "\n";
 }
 
 std::string tool::FindingLines::Format(const nxXMLFinding& finding) {
     std::string line = _name;
     if (finding.line > 0)
         line += ":" + std::to_string(finding.line) + ":" + std::to_string(finding.column);
-    line += ": ";
+    line = Paint(Color::Bold, line, _stream) + ": ";
     if (!finding.path.empty())
         line += Printable(finding.path) + ": ";
     return line + Printable(finding.GetMessage()) + "\n" + _FormatSource(finding);
@@ -108,7 +108,7 @@ std::string tool::FindingLines::Format(const nxXMLFinding& finding) {
 
 std::string tool::FormatLosses(const std::string& path, std::string_view contents,
                                const std::vector<nxXMLFinding>& findings) {
-    FindingLines lines(path, contents);
+    FindingLines lines(path, contents, Stream::Error);
     std::string text;
     for (const nxXMLFinding& finding : findings) {
         if (finding.IsLoss())

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "tool/color.h"
 #include "xmlFramework/xml/nxXMLReport.h"
 
 #include <cstddef>
@@ -16,8 +17,8 @@ namespace tool {
     // bytes (UTF-16 and UTF-32) is not shown.
     class FindingLines {
     public:
-        // `contents` must outlive this.
-        FindingLines(const std::string& path, std::string_view contents);
+        // `contents` must outlive this. The lines are for the stream.
+        FindingLines(const std::string& path, std::string_view contents, Stream stream);
 
         // Quickest in the order of the places.
         std::string Format(const nxXMLFinding& finding);
@@ -27,6 +28,7 @@ namespace tool {
         std::string _FormatSource(const nxXMLFinding& finding);
 
         std::string _name;
+        Stream _stream;
         std::string_view _contents;
         const char* _at; // in the contents, at this place:
         std::size_t _line = 1;

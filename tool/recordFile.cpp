@@ -70,13 +70,27 @@ namespace {
         return SuggestName(root, roots);
     }
 
+    // A finding for a root element that no record has. `name` is where it stands in the contents.
+    nxXMLFinding UnknownRoot(std::string_view contents, std::string_view name) {
+        const std::string_view before =
+            contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
+        const std::string_view line = before.substr(before.rfind('\n') + 1); // npos + 1 is 0
+        const auto beginsCharacter = [](char byte) {
+            return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
+        };
+        nxXMLFinding finding;
+        finding.path = "/" + std::string(name);
+        finding.name = name;
+        finding.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1;
+        finding.column = static_cast<std::size_t>(std::ranges::count_if(line, beginsCharacter)); // of the "<"
+        return finding;
+    }
+
     // The kind that the root element tells. Null, with the result in the file, when there is none.
     const RecordKind* FindKind(RecordFile& file, nxXMLReport& report) {
         const std::string_view guess = GuessRoot(file.contents);
         if (const RecordKind* const kind = FindKindByRoot(guess))
             return kind;
-        if (guess == "!DOCTYPE")
-            file.problem = "no record may have a DOCTYPE";
         Root root;
         file.result = report.Read(root, file.contents, {});
         if (!file.result.IsOK())
@@ -84,6 +98,8 @@ namespace {
         const RecordKind* const kind = FindKindByRoot(root.name);
         if (!kind) {
             file.result = nxErrorEnum::InvalidData;
+            if (guess == root.name)
+                report.Add(UnknownRoot(file.contents, guess));
             file.problem = "no record has the root element \"" + root.name + "\"" + SuggestRoot(root.name);
         }
         return kind;
@@ -154,10 +170,11 @@ bool tool::IsLeftOut(const nxXMLFinding& finding) {
     return finding.kind == nxXMLFinding::Kind::ItemLeftOut;
 }
 
-std::string tool::FailureLines(const std::string& path, const nxErrorEnum& result,
-                               const std::string& problem) {
-    std::string lines = DisplayName(path) + ": FAILED " + nxStringHelper::GetAsString(result.GetEnumValue()) +
-                        " " + result.GetShortDescription() + "\n";
+std::string tool::FailureLines(const std::string& path, const nxErrorEnum& result, const std::string& problem,
+                               Stream stream) {
+    std::string lines = DisplayName(path) + ": " + Paint(Color::Red, "FAILED", stream) + " " +
+                        nxStringHelper::GetAsString(result.GetEnumValue()) + " " +
+                        result.GetShortDescription() + "\n";
     if (!problem.empty())
         lines += "  " + Printable(problem) + "\n";
     return lines;

@@ -5,6 +5,7 @@
 
 #include "include/nxErrorEnum.h"
 #include "tool/collectedLog.h"
+#include "tool/color.h"
 #include "tool/recordKinds.h"
 #include "xmlFramework/xml/nxXMLReport.h"
 
@@ -44,7 +45,8 @@ namespace tool {
     bool IsLeftOut(const nxXMLFinding& finding);
 
     // "mics.xml: FAILED 1000002 Invalid data", and the problem in a line of its own where it is known.
-    std::string FailureLines(const std::string& path, const nxErrorEnum& result, const std::string& problem);
+    std::string FailureLines(const std::string& path, const nxErrorEnum& result, const std::string& problem,
+                             Stream stream = Stream::Error);
 
     // For commands that work on one record: reads it and says on standard error what there is to say. The
     // record is null when it cannot be read.

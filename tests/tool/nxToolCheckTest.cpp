@@ -83,6 +83,9 @@ TEST_F(nxToolCheck, SaysOfEachFileWhetherItIsGood) {
         "    |                     ^\n"
         "other.xml: FAILED 1000002 Invalid data\n"
         "  no record has the root element \"AlgoIDMapingList\": did you mean 'AlgoIDMappingList'?\n"
+        "other.xml:1:1: /AlgoIDMapingList: unknown element 'AlgoIDMapingList'\n"
+        "  1 | <AlgoIDMapingList/>\n"
+        "    | ^\n"
         "remarks.xml: OK (algo ID mapping list, 0 items, 1 remark: see --strict)\n"
         "gone.xml: FAILED 1003000 Input not usable\n"
         "  No such file or directory\n"
@@ -91,6 +94,9 @@ TEST_F(nxToolCheck, SaysOfEachFileWhetherItIsGood) {
     EXPECT_EQ(_Run({"check", "--quiet", "good.xml", "other.xml"}).out,
               "other.xml: FAILED 1000002 Invalid data\n"
               "  no record has the root element \"AlgoIDMapingList\": did you mean 'AlgoIDMappingList'?\n"
+              "other.xml:1:1: /AlgoIDMapingList: unknown element 'AlgoIDMapingList'\n"
+              "  1 | <AlgoIDMapingList/>\n"
+              "    | ^\n"
               "2 files: 1 OK, 1 FAILED\n");
     EXPECT_EQ(_Run({"check", "--quiet", "good.xml", "remarks.xml"}).out, "");
 
@@ -113,10 +119,9 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
          "  2 |   <MICDefinitions>\\xFF</MICDefinitions></MICDefinitionList>\n"
          "    |                   ^\n"},
         {"<?xml version='1.0'?>\n<!DOCTYPE MICDefinitionList>\n<MICDefinitionList/>",
-         "  no record may have a DOCTYPE\n"
-         "a.xml:2:10: invalid document structure\n"
+         "a.xml:2:1: a DOCTYPE is not allowed\n"
          "  2 | <!DOCTYPE MICDefinitionList>\n"
-         "    |          ^\n"},
+         "    | ^\n"},
         {"<?xml version='1.0' encoding='ISO-8859-1'?><A>\xE9\xA3\xE9</B>",
          "a.xml:1:52: expected end of tag 'A'\n"
          "  1 | …encoding='ISO-8859-1'?><A>\\xE9\\xA3\\xE9</B>\n"

@@ -45,25 +45,6 @@ namespace {
     };
 } // namespace
 
-namespace {
-    // What the parser's own words leave open of a text that is no document.
-    void Explain(nxXMLReport& report, std::string_view xml) {
-        if (report.GetFindings().empty()) // something was thrown
-            return report.AddNotWellFormed(1, 1, "the parser refuses the document: see the log");
-        // The parser calls it an invalid structure, and stands behind the word.
-        constexpr std::string_view Doctype = "<!DOCTYPE";
-        const std::size_t found = xml.find(Doctype);
-        if (found == std::string_view::npos || report.GetFindings().size() > 1)
-            return;
-        const nxXMLPlace behind = nxXMLPlaces(xml).Of(xml.data() + found + Doctype.size());
-        const nxXMLFinding finding = report.GetFindings().front();
-        if (finding.line != behind.line || finding.column != behind.column)
-            return;
-        report.Clear();
-        report.AddNotWellFormed(finding.line, finding.column - Doctype.size(), "a DOCTYPE is not allowed");
-    }
-} // namespace
-
 // The way from here into the document, which works with the parser.
 struct nxXMLTreeLoader {
     static nxErrorEnum Load(const std::string& xml, nxXMLTree& tree) {
@@ -83,11 +64,8 @@ nxXMLConversion::Reading::Reading(const std::string& xml, const Source& source)
         return;
     }
     _result = nxXMLTreeLoader::Load(xml, _tree);
-    if (_result.IsOK())
-        return;
-    nxWriteLog(source.site, source.logPrefix, source.message);
-    if (nxXMLReport* const report = nxXMLReport::GetListening())
-        Explain(*report, xml);
+    if (!_result.IsOK())
+        nxWriteLog(source.site, source.logPrefix, source.message);
 }
 
 nxXMLConversion::Reading::~Reading() = default;

@@ -129,6 +129,23 @@ namespace {
         return false;
     }
 
+    // Tells who listens what the parser's own words leave open of a text that is no document.
+    void Explain(nxXMLReport& report, std::string_view text) {
+        if (report.GetFindings().empty()) // something was thrown
+            return report.AddNotWellFormed(1, 1, "the parser refuses the document: see the log");
+        // The parser calls it an invalid structure, and stands behind the word.
+        constexpr std::string_view Doctype = "<!DOCTYPE";
+        const std::size_t found = text.find(Doctype);
+        if (found == std::string_view::npos || report.GetFindings().size() > 1)
+            return;
+        const nxXMLPlace behind = nxXMLPlaces(text).Of(text.data() + found + Doctype.size());
+        const nxXMLFinding finding = report.GetFindings().front();
+        if (finding.line != behind.line || finding.column != behind.column)
+            return;
+        report.Clear();
+        report.AddNotWellFormed(finding.line, finding.column - Doctype.size(), "a DOCTYPE is not allowed");
+    }
+
     nxErrorEnum WriteFile(const std::string& path, const std::string& utf8) {
         std::string problem;
         if (nxFileHelper::Write(path, utf8, problem).IsOK())
@@ -193,8 +210,9 @@ namespace {
 } // namespace
 
 struct nxXMLDocument::State {
-    // Parses the input in place of the document held, or into a tree.
+    // Loads the input in place of the document held, or into a tree.
     nxErrorEnum Load(const Input& input, nxXMLTree* tree = nullptr);
+    nxErrorEnum ParseOrRefuse(const Input& input, nxXMLTree* tree);
     // Null when the parser threw, which is logged. Without an encoding the parser finds out by itself. A
     // document whose elements are in the tree has none.
     Released<DOMDocument> Parse(const Input& input, std::string_view bytes, const XMLCh* encoding,
@@ -248,6 +266,14 @@ nxErrorEnum nxXMLDocument::State::StickyError() const {
 }
 
 nxErrorEnum nxXMLDocument::State::Load(const Input& input, nxXMLTree* tree) {
+    const nxErrorEnum result = ParseOrRefuse(input, tree);
+    nxXMLReport* const report = result.IsOK() ? nullptr : nxXMLReport::GetListening();
+    if (report)
+        Explain(*report, input.text);
+    return result;
+}
+
+nxErrorEnum nxXMLDocument::State::ParseOrRefuse(const Input& input, nxXMLTree* tree) {
     std::string converted;
     std::string_view utf8;
     nxXMLEncoding::Problem problem;
