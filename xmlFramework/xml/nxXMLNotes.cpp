@@ -45,6 +45,8 @@ void nxXMLNotes::Takes(nxXMLNode parent, std::string_view field, nxXMLNode node,
 
 void nxXMLNotes::IsNoValue(nxXMLNode node, std::string_view attribute, const nxXMLValueDescription& expected,
                            std::string held) {
+    if (!expected.null.empty() && held == expected.null)
+        held = "NULL"; // digits that nobody would take for it
     Notes& notes = _Of(node);
     if (!attribute.empty()) {
         notes.attributeProblems.push_back({std::string(attribute), expected.GetAsString(), std::move(held)});
