@@ -34,6 +34,15 @@ function(nx_configure_target target)
             target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
         endif()
     endif()
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # A unique symbol would keep a library that is closed in the process for good.
+        target_compile_options(${target} PRIVATE -fno-gnu-unique)
+    endif()
+    if(NOT XMLFRAMEWORK_SANITIZE AND NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+        # Hardened as Debian's own packages are.
+        target_compile_options(${target} PRIVATE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong)
+        target_link_options(${target} PRIVATE -Wl,-z,relro,-z,now,-z,noexecstack)
+    endif()
     # __FILE__ is the name relative to the project, whoever builds it where.
     target_compile_options(${target} PRIVATE "-fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=" ${NX_SANITIZE_FLAGS})
     target_link_options(${target} PRIVATE -Wl,--as-needed ${NX_SANITIZE_FLAGS})

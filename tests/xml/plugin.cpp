@@ -5,6 +5,9 @@
 
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
+#include <memory>
+#include <string>
+
 extern "C" __attribute__((visibility("default"))) bool nxPluginConvert();
 
 extern "C" bool nxPluginConvert() {
@@ -12,4 +15,11 @@ extern "C" bool nxPluginConvert() {
     nxMICDefinitionList list;
     std::string written;
     return list.ConvertFromXML(Xml, "").IsOK() && list.ConvertToXML(written, "").IsOK() && written == Xml;
+}
+
+extern "C" __attribute__((visibility("default"))) bool nxPluginCreate(unsigned int code);
+
+extern "C" bool nxPluginCreate(unsigned int code) {
+    const std::unique_ptr<nxXMLDataObject> record(nxXMLDataObject::CreateInstance(code));
+    return record && record->GetDataCategoryTypeID() == code;
 }

@@ -8,6 +8,8 @@
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
 
+#include <dlfcn.h>
+
 #include <map>
 #include <memory>
 
@@ -18,6 +20,21 @@ namespace {
     std::map<unsigned int, nxXMLDataObject*>& Registry() {
         static auto& registry = *new std::map<unsigned int, nxXMLDataObject*>;
         return registry;
+    }
+
+    // The first word of an object with virtual operations leads to its class's table of them.
+    const void* TableOf(const nxXMLDataObject& record) {
+        return *reinterpret_cast<const void* const*>(&record);
+    }
+
+    // A prototype stays, so its code must, too: what registers a record of its own stays loaded, whoever
+    // closes it. Ourselves we may be unloaded, as the registry goes with us.
+    void KeepLoaded(const nxXMLDataObject& prototype) {
+        Dl_info theirs{};
+        Dl_info ours{};
+        const bool areKnown = ::dladdr(TableOf(prototype), &theirs) != 0 && ::dladdr(SourceFile, &ours) != 0;
+        if (areKnown && theirs.dli_fbase != ours.dli_fbase)
+            ::dlopen(theirs.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
     }
 
     std::string CodeCharacters(unsigned int code) {
@@ -51,6 +68,7 @@ bool nxXMLDataObject::_Register(nxXMLDataObject* prototype) {
     std::unique_ptr<nxXMLDataObject> owned(prototype);
     const nxUnsignedValueWrapper code = owned->GetDataCategoryTypeID();
     if (Registry().try_emplace(code, owned.get()).second) {
+        KeepLoaded(*owned);
         owned.release(); // NOLINT(bugprone-unused-return-value): the registry has it
         return true;
     }

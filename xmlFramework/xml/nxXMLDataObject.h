@@ -49,6 +49,7 @@ protected:
     nxXMLDataObject& operator=(const nxXMLDataObject&) = default;
 
     // Takes the prototype of a class. When its code is taken already, the first one stays: the second is
-    // logged and deleted, and the result is false. To be called while libraries are loaded.
+    // logged and deleted, and the result is false. To be called while libraries are loaded. The prototype is
+    // never given back: a plugin that registers a class of its own stays loaded when it is closed.
     static bool _Register(nxXMLDataObject* prototype);
 };
