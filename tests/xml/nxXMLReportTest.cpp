@@ -85,7 +85,7 @@ namespace {
          "1:56 /KestrumUserLimit/@z unknown attribute 'z'\n"
          "1:79 /KestrumUserLimit/maxTransactions found 'none', expected a whole number from 0 to 4294967295; "
          "the "
-         "record holds '4294967295'\n"},
+         "record holds 'NULL'\n"},
         {Losses<nxMICDefinitionList>,
          "<MICDefinitionList><MICDefinitions>\n<MICDefinition-A><MIC>A</MIC></MICDefinition-A>\n"
          "<MICDefinition-A><MIC>A</MIC></MICDefinition-A>\n<MICDefinition-B><MIC>C</MIC></MICDefinition-B>\n"
@@ -116,7 +116,7 @@ namespace {
          "specified or is not a valid number\n"
          "1:71 /AlgoIDMappingList/AlgoIDMappings/AlgoMapping/AlgoID [a] found no text, expected a whole "
          "number from "
-         "0 to 4294967295; the record holds '4294967295'\n"},
+         "0 to 4294967295; the record holds 'NULL'\n"},
         {Losses<nxTradingHoursSchemeList>,
          "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><Periods/><SchemeName>s</SchemeName><Periods/"
          ">"
