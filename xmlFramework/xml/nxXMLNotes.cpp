@@ -3,8 +3,8 @@
 
 #include "xmlFramework/xml/nxXMLNotes.h"
 
+#include "core/nxNearestName.h"
 #include "core/nxStringHelper.h"
-#include "xmlFramework/xml/nxXMLNearest.h"
 
 #include <algorithm>
 #include <utility>
@@ -53,7 +53,7 @@ void nxXMLNotes::IsNoValue(nxXMLNode node, std::string_view attribute, const nxX
         return;
     }
     notes.expected = expected.GetAsString();
-    nxXMLNearest nearest(node.GetText());
+    nxNearestName nearest(node.GetText());
     for (const std::string& text : expected.texts)
         nearest.Try(text);
     notes.nearest = nearest.Get();
@@ -279,9 +279,9 @@ private:
     static std::string Suggest(std::string_view name, const Notes& notes, nxXMLNode node, bool isAttribute) {
         // Behind an item's name stands its key, which is its own.
         const std::size_t dash = std::min(name.find('-'), name.size() - 1) + 1;
-        nxXMLNearest nearest(name); // that is not there
-        nxXMLNearest nearestOfAll(name);
-        nxXMLNearest nearestItem(name.substr(0, dash));
+        nxNearestName nearest(name); // that is not there
+        nxNearestName nearestOfAll(name);
+        nxNearestName nearestItem(name.substr(0, dash));
         for (const AskedField& field : notes.fields) {
             if ((field.kind == FieldKind::Attribute) != isAttribute)
                 continue;
@@ -293,7 +293,7 @@ private:
             if (field.kind == FieldKind::Items || !IsThere(node, field))
                 nearest.Try(field.name);
         }
-        for (const nxXMLNearest* found : {&nearest, &nearestOfAll}) {
+        for (const nxNearestName* found : {&nearest, &nearestOfAll}) {
             if (!found->Get().empty())
                 return std::string(found->Get());
         }

@@ -63,7 +63,7 @@ private:
         std::vector<AskedField> fields;
         bool isTaken = false;
         bool readsText = false;
-        const char* supersededBy = nullptr;  // the later of its name count
+        const char* supersededBy = nullptr;  // why another of its name counts
         std::optional<std::string> expected; // it has no value of this kind,
         std::string nearest;                 // perhaps this was meant,
         std::string held;                    // and the record holds this

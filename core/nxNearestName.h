@@ -3,12 +3,17 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
+
+#include <cstddef>
 #include <string_view>
 
-// Finds, among known names, the one that was probably meant by an unknown one.
-class nxXMLNearest {
+// Finds, among known names, the one that was probably meant by an unknown one, in whatever letter case of
+// ASCII letters. Belongs to one thread at a time.
+class NXCORE_API nxNearestName {
 public:
-    explicit nxXMLNearest(std::string_view name);
+    // `name` must stay where it is.
+    explicit nxNearestName(std::string_view name);
 
     // `known` must stay where it is.
     void Try(std::string_view known);

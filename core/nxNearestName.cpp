@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "xmlFramework/xml/nxXMLNearest.h"
+#include "core/nxNearestName.h"
 
 #include <algorithm>
 #include <numeric>
@@ -36,9 +36,9 @@ namespace {
     }
 } // namespace
 
-nxXMLNearest::nxXMLNearest(std::string_view name) : _name(name), _best(name.size() / 3 + 2) {}
+nxNearestName::nxNearestName(std::string_view name) : _name(name), _best(name.size() / 3 + 2) {}
 
-void nxXMLNearest::Try(std::string_view known) {
+void nxNearestName::Try(std::string_view known) {
     if (_name.size() > LongestName || known.empty())
         return;
     const std::size_t distance = Distance(_name, known);
