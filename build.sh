@@ -18,7 +18,7 @@ usage: ./build.sh COMMAND
 
   demo [REGISTER.csv]     build the tool; take a register of market identifier codes to XML and back
   test [PRESET...] [-- CTEST-ARGUMENT...]
-                          run all tests, in the presets release and asan unless others are named
+                          run all tests, in the presets release, asan and tsan unless others are named
   bench [ARGUMENT...]     measure speed beside other XML stacks, growth and memory;
                           write build/bench/results.json
   fuzz [SECONDS]          run each fuzzer for so long (60)
@@ -165,7 +165,7 @@ run_tests() {
         shift
     done
     [ $# -eq 0 ] || shift
-    [ ${#presets[@]} -gt 0 ] || presets=(release asan)
+    [ ${#presets[@]} -gt 0 ] || presets=(release asan tsan)
     need "${developer_packages[@]}"
 
     local preset
