@@ -23,7 +23,10 @@ usage: ./build.sh COMMAND
                           write build/bench/results.json
   fuzz [SECONDS]          run each fuzzer for so long (60)
   lint                    formatting, clang-tidy, layering
+  coverage                which lines and branches the tests run; build/coverage/report.txt
   install [PREFIX]        install libraries, headers and tool (/usr/local)
+  package [check]         make Debian packages in build/packages; check: that lintian is content, that another
+                          build gives the same bytes, and that they work in a bare Debian 12
 END
 }
 
@@ -50,9 +53,12 @@ quietly() {
 library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev libcsv-dev
     libhowardhinnant-date-dev libcli11-dev nlohmann-json3-dev)
 developer_packages=("${library_packages[@]}" libgtest-dev libxml2-utils parallel pkgconf
-    python3-jsonschema)
+    python3-jsonschema abigail-tools xz-utils)
 bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugixml-dev python3)
 fuzz_packages=("${developer_packages[@]}" clang)
+coverage_packages=("${developer_packages[@]}" gcovr)
+package_packages=("${library_packages[@]}" dpkg-dev file)
+package_check_packages=("${package_packages[@]}" lintian debootstrap)
 lint_packages=("${bench_packages[@]}" clang clang-format clang-tidy)
 
 # need PACKAGE...
@@ -216,6 +222,57 @@ lint() {
     $clean
 }
 
+coverage() {
+    need "${coverage_packages[@]}"
+    build coverage coverage all
+    find build/coverage -name '*.gcda' -delete
+    say "testing coverage"
+    # What measures time or fills the disk may fail when everything is counted; what it ran counts all the same.
+    ctest --test-dir build/coverage --parallel "$jobs" -LE 'package|source' >"$log_dir/test-coverage.log" 2>&1 </dev/null ||
+        sed -n '/tests FAILED:/,$p' "$log_dir/test-coverage.log"
+    gcovr --root . --filter 'core/' --filter 'include/' --filter 'xmlFramework/' --filter 'tool/' -j "$jobs" \
+        --exclude-throw-branches --exclude-unreachable-branches --print-summary \
+        --txt build/coverage/report.txt --json-summary build/coverage/summary.json build/coverage
+}
+
+# make_packages SOURCE DIR: packages of the tree SOURCE in DIR/packages. Nothing in them depends on where that is.
+make_packages() {
+    local source=$1 dir=$2
+    cmake -S "$source" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
+        -DCMAKE_SKIP_INSTALL_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON \
+        -DCMAKE_CXX_FLAGS="-g -gno-record-gcc-switches -ffile-prefix-map=$source/= -ffile-prefix-map=$dir/=build/"
+    cmake --build "$dir" --parallel "$jobs"
+    rm -rf "$dir/packages"
+    (cd "$dir" && cpack -G DEB -B "$dir/packages" && rm -rf "$dir/packages/_CPack_Packages")
+}
+
+package() {
+    SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct 2>/dev/null || stat -c %Y CHANGELOG.md)}
+    export SOURCE_DATE_EPOCH
+    need "${package_packages[@]}"
+    say "building packages"
+    quietly package make_packages "$source_dir" "$source_dir/build/package"
+    rm -rf build/packages
+    mv build/package/packages build/packages
+    (cd build/packages && ls -1)
+    [ "${1:-}" = check ] || return 0
+
+    need "${package_check_packages[@]}"
+    say "lintian"
+    tests/package/lint.sh build/packages
+    say "building them again elsewhere"
+    local again
+    again=$(mktemp -d)
+    git archive --prefix=elsewhere/ HEAD | tar -x -C "$again"
+    quietly package-again make_packages "$again/elsewhere" "$again/build"
+    local name
+    for name in build/packages/*; do cmp "$name" "$again/build/packages/$(basename "$name")"; done
+    rm -rf "$again"
+    say "$(find build/packages -type f | wc -l) packages, the same byte for byte"
+    say "in a bare Debian 12"
+    as_root tests/package/tryInBareRoot.sh build/packages
+}
+
 install_product() {
     local prefix=${1:-/usr/local}
     prefix=$(cd "$caller_dir" && realpath -m -- "$prefix")
@@ -240,7 +297,9 @@ test) run_tests "$@" ;;
 bench) bench "$@" ;;
 fuzz) fuzz "$@" ;;
 lint) lint ;;
+coverage) coverage ;;
 install) install_product "$@" ;;
+package) package "$@" ;;
 -h | --help | help) usage ;;
 *)
     usage >&2

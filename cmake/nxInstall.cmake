@@ -10,16 +10,26 @@ set(NX_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/XMLFramework")
 set(NX_INSTALL_CMAKEDIR "${CMAKE_INSTALL_LIBDIR}/cmake/XMLFramework")
 set(NX_INSTALL_PKGCONFIGDIR "${CMAKE_INSTALL_LIBDIR}/pkgconfig")
 
-install(TARGETS nxcore XMLFramework xmlframework-tool
-    EXPORT XMLFrameworkTargets
-    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}"
-    LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}"
-    INCLUDES DESTINATION "${NX_INSTALL_INCLUDEDIR}"
-    FILE_SET HEADERS DESTINATION "${NX_INSTALL_INCLUDEDIR}")
-
-install(EXPORT XMLFrameworkTargets
+# A component is a package of its own: somebody may have the libraries without the tool, so each is exported alone.
+foreach(library nxcore XMLFramework)
+    install(TARGETS ${library}
+        EXPORT ${library}Targets
+        LIBRARY DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT ${library} NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION "${CMAKE_INSTALL_LIBDIR}" COMPONENT development
+        INCLUDES DESTINATION "${NX_INSTALL_INCLUDEDIR}"
+        FILE_SET HEADERS DESTINATION "${NX_INSTALL_INCLUDEDIR}" COMPONENT development)
+    install(EXPORT ${library}Targets
+        NAMESPACE XMLFramework::
+        DESTINATION "${NX_INSTALL_CMAKEDIR}"
+        COMPONENT development)
+endforeach()
+install(TARGETS xmlframework-tool
+    EXPORT toolTargets
+    RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT tool)
+install(EXPORT toolTargets
     NAMESPACE XMLFramework::
-    DESTINATION "${NX_INSTALL_CMAKEDIR}")
+    DESTINATION "${NX_INSTALL_CMAKEDIR}"
+    COMPONENT tool)
 
 configure_package_config_file(
     "${CMAKE_CURRENT_LIST_DIR}/XMLFrameworkConfig.cmake.in"
@@ -32,7 +42,14 @@ write_basic_package_version_file(
 install(FILES
     "${PROJECT_BINARY_DIR}/XMLFrameworkConfig.cmake"
     "${PROJECT_BINARY_DIR}/XMLFrameworkConfigVersion.cmake"
-    DESTINATION "${NX_INSTALL_CMAKEDIR}")
+    DESTINATION "${NX_INSTALL_CMAKEDIR}"
+    COMPONENT development)
+
+if(NOT BUILD_SHARED_LIBS) # then whoever links them looks for it, too
+    install(FILES "${CMAKE_CURRENT_LIST_DIR}/FindLibCSV.cmake"
+        DESTINATION "${NX_INSTALL_CMAKEDIR}"
+        COMPONENT development)
+endif()
 
 # A .pc file finds its prefix from where it lies itself.
 file(RELATIVE_PATH NX_PREFIX_FROM_PKGCONFIG
@@ -40,10 +57,16 @@ file(RELATIVE_PATH NX_PREFIX_FROM_PKGCONFIG
 string(REGEX REPLACE "/$" "" NX_PREFIX_FROM_PKGCONFIG "${NX_PREFIX_FROM_PKGCONFIG}")
 foreach(name nxcore XMLFramework)
     configure_file("${CMAKE_CURRENT_LIST_DIR}/${name}.pc.in" "${PROJECT_BINARY_DIR}/${name}.pc" @ONLY)
-    install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${NX_INSTALL_PKGCONFIGDIR}")
+    install(FILES "${PROJECT_BINARY_DIR}/${name}.pc" DESTINATION "${NX_INSTALL_PKGCONFIGDIR}"
+        COMPONENT development)
 endforeach()
 
 install(DIRECTORY "${PROJECT_BINARY_DIR}/tool/share/"
     DESTINATION "${CMAKE_INSTALL_DATADIR}"
+    COMPONENT tool
     PATTERN made EXCLUDE)
-install(FILES "${PROJECT_SOURCE_DIR}/LICENSE" DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/XMLFramework")
+if(NOT XMLFRAMEWORK_PACKAGES) # which say that in each
+    install(FILES "${PROJECT_SOURCE_DIR}/LICENSE"
+        DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/XMLFramework"
+        COMPONENT development)
+endif()

@@ -50,7 +50,7 @@ endfunction()
 
 # nx_add_library(<name> SOURCES <file>... PUBLIC_HEADERS <file>... [PRIVATE_HEADERS <file>...])
 #
-# A shared library whose public headers are installed with the spelling they have in the source tree. Files are
+# A library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed with the spelling they have in the source tree. Files are
 # relative to the project's top folder.
 function(nx_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC_HEADERS;PRIVATE_HEADERS")
@@ -58,7 +58,7 @@ function(nx_add_library name)
     list(TRANSFORM arg_PUBLIC_HEADERS PREPEND "${PROJECT_SOURCE_DIR}/")
     list(TRANSFORM arg_PRIVATE_HEADERS PREPEND "${PROJECT_SOURCE_DIR}/")
 
-    add_library(${name} SHARED ${arg_SOURCES} ${arg_PRIVATE_HEADERS})
+    add_library(${name} ${arg_SOURCES} ${arg_PRIVATE_HEADERS})
     add_library(XMLFramework::${name} ALIAS ${name})
     nx_configure_target(${name})
     target_sources(${name} PUBLIC
@@ -72,6 +72,21 @@ function(nx_add_library name)
         # A record's fields are read, written, noted and described in one file: by its own measure GCC stops
         # inlining the first two there (5 % of reading a small document).
         $<$<CXX_COMPILER_ID:GNU>:--param=inline-unit-growth=120>)
+    if(BUILD_SHARED_LIBS)
+        target_link_options(${name} PRIVATE "-Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
+        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+    else()
+        # Out of a static library the linker takes only the object files that somebody names, and records register
+        # themselves: a single object file brings them all.
+        add_custom_command(TARGET ${name} POST_BUILD
+            COMMAND "${CMAKE_LINKER}" -r --whole-archive $<TARGET_FILE:${name}> -o ${name}.o
+            COMMAND "${CMAKE_COMMAND}" -E rm $<TARGET_FILE:${name}>
+            COMMAND "${CMAKE_AR}" rcsD $<TARGET_FILE:${name}> ${name}.o
+            VERBATIM)
+    endif()
+    if(XMLFRAMEWORK_DEVELOPER AND CMAKE_BUILD_TYPE STREQUAL "Release")
+        target_compile_options(${name} PRIVATE -g) # what the layout of public types is compared by
+    endif()
     # The run-time of a sanitizer is in the program, not in the library.
     if(NOT XMLFRAMEWORK_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,-z,defs)

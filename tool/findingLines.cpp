@@ -62,10 +62,6 @@ tool::FindingLines::FindingLines(const std::string& path, std::string_view conte
 }
 
 void tool::FindingLines::_GoTo(std::size_t line, std::size_t column) {
-    if (line < _line || (line == _line && column < _column)) {
-        _at = _lineBegin = _contents.data();
-        _line = _column = 1;
-    }
     const char* const end = _contents.data() + _contents.size();
     while (_at < end && (_line < line || (_line == line && _column < column))) {
         if (*_at == '\n') {

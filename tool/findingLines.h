@@ -20,7 +20,7 @@ namespace tool {
         // `contents` must outlive this. The lines are for the stream.
         FindingLines(const std::string& path, std::string_view contents, Stream stream);
 
-        // Quickest in the order of the places.
+        // In the order of their places, as reports have them.
         std::string Format(const nxXMLFinding& finding);
 
     private:

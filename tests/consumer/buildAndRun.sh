@@ -28,13 +28,15 @@ pkg-config)
     export PKG_CONFIG_PATH
     LD_LIBRARY_PATH=$(pkg-config --variable=libdir XMLFramework)
     export LD_LIBRARY_PATH
+    kind=()
+    [ -n "$(find "$prefix" -name libnxcore.so)" ] || kind=(--static)
     # pkg-config's answers are lists of words.
     # shellcheck disable=SC2046
     "$cxx" -std=c++20 "$@" "$source_dir/consumer.cpp" -o "$work_dir/consumer" \
-        $(pkg-config --cflags --libs 'XMLFramework >= 1.0')
+        $(pkg-config --cflags --libs "${kind[@]}" 'XMLFramework >= 1.0')
     # shellcheck disable=SC2046
     "$cxx" -std=c++20 "$@" "$source_dir/coreConsumer.cpp" -o "$work_dir/core-consumer" \
-        $(pkg-config --cflags --libs nxcore)
+        $(pkg-config --cflags --libs "${kind[@]}" nxcore)
     ;;
 *)
     echo "unknown way: $way" >&2

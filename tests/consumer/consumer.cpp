@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-// Makes a list, writes it, reads it back and looks at what it found.
+// Makes a list, writes it, reads it back and looks at what it found; and makes a record by its category.
 
+#include "core/nxDataCategoryEnum.h"
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
 #include <iostream>
@@ -30,6 +31,13 @@ int main() {
     const auto found = readBack.GetMICDefinitions().find("XABC");
     if (found == readBack.GetMICDefinitions().end() || found->second->GetName() != definition->GetName()) {
         std::cerr << "read back something else from " << xml << '\n';
+        return 1;
+    }
+    // This program names no class of that record.
+    const std::unique_ptr<nxXMLDataObject> spread(
+        nxXMLDataObject::CreateInstance(nxDataCategoryEnum::SyntheticSpreadOrderSpec));
+    if (!spread || !spread->ConvertToXML(xml, "").IsOK()) {
+        std::cerr << "no record of the category\n";
         return 1;
     }
     std::cout << found->second->GetAsLogString() << '\n';

@@ -3,6 +3,9 @@
 
 #include "core/nxStringHelper.h"
 
+#include "core/nxBoolEnum.h"
+#include "core/nxDecimal.h"
+#include "core/nxTime.h"
 #include "tests/support/nxPrint.h"
 
 #include <gtest/gtest.h>
@@ -83,6 +86,28 @@ TEST(nxStringHelperDouble, IsWrittenShortAndReadsBackEveryBit) {
         ASSERT_EQ(nxStringHelper::SetFromString(text, read, '.'), nxErrorEnum::OK) << text;
         ASSERT_EQ(std::bit_cast<std::uint64_t>(read), bits) << text;
     }
+}
+
+TEST(nxStringHelperDouble, ThatIsNoNumberHasNoSign) {
+    const double none = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(nxStringHelper::GetAsString(none), "nan");
+    EXPECT_EQ(nxStringHelper::GetAsString(std::copysign(none, -1.0)), "nan");
+    EXPECT_EQ(nxStringHelper::GetAsString(-std::numeric_limits<double>::infinity()), "-inf");
+}
+
+TEST(nxStringHelperValues, HaveTheTextsOfTheirTypes) {
+    nxBoolEnum flag;
+    EXPECT_EQ(nxStringHelper::SetFromString("true", flag), nxErrorEnum::OK);
+    EXPECT_EQ(nxStringHelper::GetAsString(flag), "true");
+    EXPECT_EQ(nxStringHelper::SetFromString("none", flag), nxErrorEnum::ValueNotParsed);
+    nxTime time;
+    EXPECT_EQ(nxStringHelper::SetFromString("01:02:03.000", time), nxErrorEnum::OK);
+    EXPECT_EQ(nxStringHelper::GetAsString(time), time.GetAsString());
+    EXPECT_EQ(time.GetAsString().substr(0, 8), "01:02:03");
+    nxDecimal price;
+    EXPECT_EQ(nxStringHelper::SetFromString("1,50", price, ','), nxErrorEnum::OK);
+    EXPECT_EQ(price.GetAsString('.'), "1.50");
+    EXPECT_EQ(nxStringHelper::SetFromString("1.50", price, ','), nxErrorEnum::ValueNotParsed);
 }
 
 TEST(nxStringHelperDouble, RefusesWhateverIsNoFiniteNumberInTheGivenNotation) {

@@ -106,3 +106,20 @@ TEST(nxOrvalenPriceUsageStatisticsConvertFromXML, TakesWhatIsWellFormedAndTheLat
             EXPECT_EQ(product.GetProductID(), productID);
     }
 }
+
+TEST(nxOrvalenPriceUsageStatisticsForProduct, IsReadFromAnElementAndWrittenToOne) {
+    nxXMLDocument document;
+    ASSERT_EQ(document.LoadFromString(Product("A", "5", "2", "x", "3")), nxErrorEnum::OK);
+    nxXMLElement element = document.GetRootElement();
+    nxOrvalenPriceUsageStatisticsForProduct product;
+    product.SetNoOfUnobservedPriceDataObjects(9);
+    product.LoadFromXML(element);
+
+    nxXMLDocument copy;
+    ASSERT_EQ(copy.CreateDocument("ProductStatistic"), nxErrorEnum::OK);
+    element = copy.GetRootElement();
+    product.SaveToXML(element);
+    std::string xml;
+    EXPECT_EQ(copy.SaveToString(xml), nxErrorEnum::OK);
+    EXPECT_EQ(xml, Product("A", "5", "2", "9", "3"));
+}

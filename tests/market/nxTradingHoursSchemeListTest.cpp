@@ -45,6 +45,17 @@ namespace {
     }
 } // namespace
 
+TEST(nxTradingHoursSchemeConvertToXML, PutsIntoAnElementWhatIsReadFromOne) {
+    const std::string children = Element("SchemeName", "S") + Element("Periods", Period("1") + Period("2"));
+    nxTradingHoursScheme scheme, again;
+    EXPECT_EQ(ReadItem(scheme, children), nxErrorEnum::OK);
+    const std::string written = WrittenItem(scheme);
+    EXPECT_EQ(ReadItem(again, written), nxErrorEnum::OK);
+    EXPECT_TRUE(again.IsEqual(scheme));
+    EXPECT_EQ(DaysOf(again), (Days{1, 2}));
+    EXPECT_EQ(again.GetSchemeName(), "S");
+}
+
 TEST(nxTradingHoursSchemeConvertFromXML, TakesThePeriodsThatLeadTheListBehindTheName) {
     const std::string name = Element("SchemeName", "S");
     const auto list = [](const std::string& periods) { return Element("Periods", periods); };

@@ -110,9 +110,9 @@ TEST_F(nxToolCheck, SaysOfEachFileWhetherItIsGood) {
 
 TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
     const Case cases[] = {
-        {"<MICDefinitionList>\n  <A>\xC3\xA9</B></MICDefinitionList>",
+        {"<MICDefinitionList>\n  <A>\xC2\xA2</B></MICDefinitionList>",
          "a.xml:2:9: expected end of tag 'A'\n"
-         "  2 |   <A>é</B></MICDefinitionList>\n"
+         "  2 |   <A>¢</B></MICDefinitionList>\n"
          "    |         ^\n"},
         {"<MICDefinitionList>\r\n  <MICDefinitions>\xFF</MICDefinitions></MICDefinitionList>",
          "a.xml:2:19: no valid character at byte 39 (from 0) in encoding 'UTF-8'\n"
@@ -126,8 +126,8 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
          "a.xml:1:52: expected end of tag 'A'\n"
          "  1 | …encoding='ISO-8859-1'?><A>\\xE9\\xA3\\xE9</B>\n"
          "    |                                          ^\n"},
-        {"<A>\n東京<B>ｱ</C></A>", "a.xml:2:9: expected end of tag 'B'\n"
-                                  "  2 | 東京<B>ｱ</C></A>\n"
+        {"<A>\n東𠀀<B>ก</C></A>", "a.xml:2:9: expected end of tag 'B'\n"
+                                  "  2 | 東𠀀<B>ก</C></A>\n"
                                   "    |           ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
@@ -183,7 +183,7 @@ TEST_F(nxToolCheck, ShowsWhatIsLostInItsPlaceWhenItIsStrict) {
 
 // Were it gone through for each of its findings, this would take minutes.
 TEST_F(nxToolCheck, GoesThroughALongLineOnce) {
-    constexpr int Count = 40000;
+    constexpr int Count = 30000;
     std::string items;
     for (int i = 0; i < Count; ++i) {
         const std::string mic = "M" + std::to_string(i);
@@ -191,8 +191,8 @@ TEST_F(nxToolCheck, GoesThroughALongLineOnce) {
     }
     _Write("a.xml", MICList(items));
     const std::string command =
-        "cd '" + _folder.string() + "' && timeout 40 " NX_TOOL_PATH " check --strict a.xml >out";
-    EXPECT_EQ(std::system(command.c_str()) / 256, 1); // 124: out of time
+        "cd '" + _folder.string() + "' && ulimit -t 40 && " NX_TOOL_PATH " check --strict a.xml >out";
+    EXPECT_EQ(std::system(command.c_str()), 256); // no signal: out of processor time
     EXPECT_EQ(std::ranges::count(_Read("out"), '\n'), 2 + 3 * Count + 1);
 }
 

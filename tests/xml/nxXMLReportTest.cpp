@@ -137,6 +137,13 @@ namespace {
          "counts\n"
          "1:105 /SyntheticSpreadSpec/Legs/Leg-0/PayupMethod found 'plain', expected one of: Undefined, No "
          "change, Plain, Conditional, Cascade; the record holds 'Undefined': did you mean 'Plain'?\n"},
+        // Eighty bytes of a text, or those of its whole characters.
+        {Losses<nxKestrumJobSpec>, "<KestrumJobSpec>" + std::string(80, 'x') + "<a/></KestrumJobSpec>",
+         "1:17 /KestrumJobSpec text that is not read: '" + std::string(80, 'x') +
+             "'\n"
+             "1:97 /KestrumJobSpec/a unknown element 'a'\n"},
+        {Losses<nxKestrumJobSpec>, "<KestrumJobSpec>" + std::string(79, 'x') + "\u00E9</KestrumJobSpec>",
+         "1:17 /KestrumJobSpec text that is not read: '" + std::string(79, 'x') + "...'\n"},
         // No documents at all.
         {Losses<nxKestrumJobSpec>, "<KestrumJobSpec>\n<a></b></KestrumJobSpec>",
          "2:6  expected end of tag 'a'\n"},

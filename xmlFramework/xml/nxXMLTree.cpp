@@ -92,8 +92,3 @@ const char* nxXMLTree::GetPosition(nxXMLNode node) const {
     const char* const name = node.IsValid() ? GetPosition(node.GetName()) : nullptr;
     return name ? name - 1 : nullptr; // the "<" of its tag
 }
-
-nxXMLPlace nxXMLTree::GetPlace(nxXMLNode node) const {
-    const char* const position = GetPosition(node);
-    return position ? nxXMLPlaces(_source).Of(position) : nxXMLPlace();
-}

@@ -108,8 +108,6 @@ public:
 
     nxXMLNode GetRoot() const { return nxXMLNode(_root); } // invalid while the tree is empty
 
-    // Where the element begins.
-    nxXMLPlace GetPlace(nxXMLNode node) const;
     // The place in the source of an element, or of a name or a text in the tree; null when it is not known.
     const char* GetPosition(nxXMLNode node) const;
     const char* GetPosition(std::string_view text) const;

@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# SPDX-FileCopyrightText: The XMLFramework authors
+# SPDX-License-Identifier: Apache-2.0
+#
+# checkCommandLine.sh TOOL ABI_DIR [store]
+#
+# Compares all commands, options, their values and what is said of them, as the manual page and the completions have
+# them, with what is stored; `store` writes that anew.
+set -euo pipefail
+
+tool=$1
+abi_dir=$2
+bad=0
+words() { "$tool" generate "$1" | sed -E 's/"xmlframework [0-9.]+"/"xmlframework"/'; }
+for form in man bash zsh; do
+    stored=$abi_dir/xmlframework.$form
+    if [ "${3:-}" = store ]; then
+        words "$form" >"$stored"
+    elif ! diff -u "$stored" <(words "$form"); then
+        bad=1
+    fi
+done
+exit "$bad"
