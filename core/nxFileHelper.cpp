@@ -28,8 +28,8 @@ namespace {
     public:
         explicit FileDescriptor(int descriptor) : _descriptor(descriptor) {}
         ~FileDescriptor() { Close(); }
-        FileDescriptor(const FileDescriptor&) = delete;
-        FileDescriptor& operator=(const FileDescriptor&) = delete;
+        FileDescriptor(FileDescriptor&& other) noexcept : _descriptor(std::exchange(other._descriptor, -1)) {}
+        FileDescriptor& operator=(FileDescriptor&&) = delete;
 
         bool IsOpen() const { return _descriptor >= 0; }
         int Get() const { return _descriptor; }
@@ -40,32 +40,44 @@ namespace {
         int _descriptor;
     };
 
+    // The result of a system call that a signal did not cut short.
+    template <class Call>
+    auto Uninterrupted(const Call& call) {
+        for (;;) {
+            const auto result = call();
+            if (result != -1 || errno != EINTR)
+                return result;
+        }
+    }
+
+    FileDescriptor Open(const std::string& path, int flags, mode_t mode = 0) {
+        return FileDescriptor(Uninterrupted([&] { return ::open(path.c_str(), flags | O_CLOEXEC, mode); }));
+    }
+
     bool ReadAll(int descriptor, std::string& contents) {
         std::array<char, 1U << 16U> buffer;
         for (;;) {
-            const ssize_t count = ::read(descriptor, buffer.data(), buffer.size());
-            if (count == 0)
-                return true;
-            if (count > 0)
-                contents.append(buffer.data(), static_cast<std::size_t>(count));
-            else if (errno != EINTR)
-                return false;
+            const ssize_t count =
+                Uninterrupted([&] { return ::read(descriptor, buffer.data(), buffer.size()); });
+            if (count <= 0)
+                return count == 0;
+            contents.append(buffer.data(), static_cast<std::size_t>(count));
         }
     }
 
     bool WriteAll(int descriptor, std::string_view contents) {
         while (!contents.empty()) {
-            const ssize_t count = ::write(descriptor, contents.data(), contents.size());
-            if (count > 0)
-                contents.remove_prefix(static_cast<std::size_t>(count));
-            else if (count == 0 || errno != EINTR)
+            const ssize_t count =
+                Uninterrupted([&] { return ::write(descriptor, contents.data(), contents.size()); });
+            if (count <= 0)
                 return false;
+            contents.remove_prefix(static_cast<std::size_t>(count));
         }
         return true;
     }
 
     bool WriteInPlace(const std::string& path, std::string_view contents) {
-        FileDescriptor file(::open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
+        FileDescriptor file = Open(path, O_WRONLY | O_TRUNC);
         return file.IsOpen() && WriteAll(file.Get(), contents) && file.Close();
     }
 
@@ -74,6 +86,59 @@ namespace {
     bool IsPlaceClosed(int problem) {
         constexpr std::array Closed = {EACCES, EPERM, EROFS, EBUSY, EXDEV};
         return std::ranges::find(Closed, problem) != Closed.end();
+    }
+
+    void Remove(const std::string& path) {
+        const int problem = errno;
+        ::unlink(path.c_str());
+        errno = problem;
+    }
+
+    // What came of a new file. NotPut: nobody was able to make it or to put it in its place, and another way
+    // may go better. NotWritten: the disk does not take the contents, and would not in place either.
+    enum class Outcome { Done, NotPut, NotWritten };
+
+    Outcome Fill(int descriptor, std::string_view contents, std::optional<mode_t> mode) {
+        if (!WriteAll(descriptor, contents))
+            return Outcome::NotWritten;
+        if (mode && Uninterrupted([&] { return ::fchmod(descriptor, *mode); }) != 0)
+            return Outcome::NotPut;
+        // Says all that closing the file could say.
+        return Uninterrupted([&] { return ::fsync(descriptor); }) == 0 ? Outcome::Done : Outcome::NotWritten;
+    }
+
+    // Gives a nameless file, which is complete, the name `path`. No call does that while the name is taken,
+    // so for a moment it has another first: the same for all who write `path`, so that one which a killed
+    // process left there goes with the next writing. Two at once may put each other's file in its place,
+    // a whole one for it all the same; who then misses his own is told to try another way.
+    bool PutInPlace(int descriptor, const std::string& path) {
+        const std::filesystem::path place(path);
+        const std::string waiting =
+            (place.parent_path() / ("." + place.filename().native() + ".nx-new")).native();
+        const std::string file = "/proc/self/fd/" + std::to_string(descriptor);
+        const auto link = [&] {
+            return ::linkat(AT_FDCWD, file.c_str(), AT_FDCWD, waiting.c_str(), AT_SYMLINK_FOLLOW) == 0;
+        };
+        if (!link() && (errno != EEXIST || ::unlink(waiting.c_str()) != 0 || !link()))
+            return false;
+        if (::rename(waiting.c_str(), path.c_str()) == 0)
+            return true;
+        Remove(waiting);
+        return false;
+    }
+
+    // A file that has no name until it is complete goes by itself when its process is killed. Not all file
+    // systems know such files.
+    Outcome WriteNameless(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
+        const std::string folder = std::filesystem::path(path).parent_path().native();
+        const FileDescriptor file =
+            Open(folder.empty() ? "." : folder, O_WRONLY | O_TMPFILE, mode.value_or(DefaultMode));
+        if (!file.IsOpen())
+            return Outcome::NotPut;
+        const Outcome outcome = Fill(file.Get(), contents, mode);
+        if (outcome != Outcome::Done)
+            return outcome;
+        return PutInPlace(file.Get(), path) ? Outcome::Done : Outcome::NotPut;
     }
 
     // A file of its own beside `path`, open for writing; closed when there is none to be had.
@@ -88,29 +153,28 @@ namespace {
             const std::string name =
                 ".nx-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
             std::string beside = (folder / name).native();
-            const int descriptor = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-            if (descriptor >= 0 || errno != EEXIST)
-                return {std::move(beside), FileDescriptor(descriptor)};
+            FileDescriptor descriptor = Open(beside, O_WRONLY | O_CREAT | O_EXCL, mode);
+            if (descriptor.IsOpen() || errno != EEXIST)
+                return {std::move(beside), std::move(descriptor)};
         }
     }
 
-    bool WriteBesideAndRename(const std::string& path, std::string_view contents,
-                              std::optional<mode_t> mode) {
-        // Never open to more people than the file itself, even for a moment.
-        BesideFile beside = OpenBeside(path, mode.value_or(DefaultMode));
-        FileDescriptor& file = beside.descriptor;
-        if (!file.IsOpen())
-            return false;
+    Outcome WriteNamed(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
+        const BesideFile beside = OpenBeside(path, mode.value_or(DefaultMode));
+        if (!beside.descriptor.IsOpen())
+            return Outcome::NotPut;
+        Outcome outcome = Fill(beside.descriptor.Get(), contents, mode);
+        if (outcome == Outcome::Done && ::rename(beside.path.c_str(), path.c_str()) != 0)
+            outcome = Outcome::NotPut;
+        if (outcome != Outcome::Done)
+            Remove(beside.path);
+        return outcome;
+    }
 
-        const bool written = WriteAll(file.Get(), contents) && (!mode || ::fchmod(file.Get(), *mode) == 0) &&
-                             ::fsync(file.Get()) == 0 && file.Close() &&
-                             ::rename(beside.path.c_str(), path.c_str()) == 0;
-        if (written)
-            return true;
-        const int problem = errno;
-        ::unlink(beside.path.c_str());
-        errno = problem;
-        return false;
+    // Never open to more people than the file itself, even for a moment.
+    Outcome WriteBeside(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
+        const Outcome outcome = WriteNameless(path, contents, mode);
+        return outcome == Outcome::NotPut ? WriteNamed(path, contents, mode) : outcome;
     }
 
     // The system would take the path for cut off at a NUL.
@@ -122,7 +186,7 @@ namespace {
     bool WriteFile(const std::string& path, std::string_view contents) {
         struct stat status = {};
         if (::stat(path.c_str(), &status) != 0)
-            return errno == ENOENT && WriteBesideAndRename(path, contents, std::nullopt);
+            return errno == ENOENT && WriteBeside(path, contents, std::nullopt) == Outcome::Done;
         if (!S_ISREG(status.st_mode))
             return WriteInPlace(path, contents);
 
@@ -132,14 +196,15 @@ namespace {
             errno = error.value();
             return false;
         }
-        if (WriteBesideAndRename(place.native(), contents, status.st_mode & 07777U))
-            return true;
+        const Outcome outcome = WriteBeside(place.native(), contents, status.st_mode & 07777U);
+        if (outcome != Outcome::NotPut)
+            return outcome == Outcome::Done;
         return IsPlaceClosed(errno) && WriteInPlace(place.native(), contents);
     }
 } // namespace
 
 nxErrorEnum nxFileHelper::Read(const std::string& path, std::string& contents, std::string& problem) {
-    const FileDescriptor file(IsUsable(path) ? ::open(path.c_str(), O_RDONLY | O_CLOEXEC) : -1);
+    const FileDescriptor file = IsUsable(path) ? Open(path, O_RDONLY) : FileDescriptor(-1);
     std::string read;
     if (!file.IsOpen() || !ReadAll(file.Get(), read)) {
         problem = LastProblem();

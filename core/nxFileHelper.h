@@ -19,9 +19,15 @@ public:
     [[nodiscard]] static nxErrorEnum Read(const std::string& path, std::string& contents,
                                           std::string& problem);
 
-    // The file appears whole or not at all: it is written beside its place, flushed to the disk and then
-    // renamed, so that a failure leaves a file that was there before as it was. Its permissions and a
-    // symbolic link to it are kept; its owner, hard links and a link that leads nowhere are not.
+    // The file appears whole or not at all: it is written as a file without a name, flushed to the disk and
+    // only then put in its place, so that a failure leaves a file that was there before as it was, and a
+    // process that is killed leaves nothing. Its permissions and a symbolic link to it are kept; its owner,
+    // hard links and a link that leads nowhere are not.
+    //
+    // While "a.xml" is replaced it is ".a.xml.nx-new" for a moment; what a killed process leaves there goes
+    // with the next writing of "a.xml". Where the file system knows no files without a name, as in most
+    // network folders, the file is written as ".nx-PROCESS-NUMBER.tmp", which stays when the process is
+    // killed. Nothing ever reads such a file: it may be deleted.
     //
     // Written in place is what is no regular file (a pipe, a terminal), and a file that may be written, but
     // where no other may be put: its folder allows none, or it is a mount of its own. Such a file is cut off

@@ -6,14 +6,24 @@
 #include "core/nxMutexGuard.h"
 #include "include/nxConsoleLogDevice.h"
 
+#include <pthread.h>
+
+#include <optional>
 #include <utility>
 
 std::atomic<unsigned int> nxLogManager::_threshold = nxLogLevelEnum::Warning;
 
 namespace {
     struct DeviceList {
+        // To be called by who holds the mutex.
+        nxLogManager::Devices& Get() {
+            if (!devices)
+                devices = nxLogManager::Devices{std::make_shared<nxConsoleLogDevice>()};
+            return *devices;
+        }
+
         nxMutex mutex;
-        nxLogManager::Devices devices{std::make_shared<nxConsoleLogDevice>()};
+        std::optional<nxLogManager::Devices> devices;
     };
 
     // Never destroyed: records may come while the process winds down.
@@ -23,6 +33,22 @@ namespace {
     }
 
     thread_local bool insideDevice = false;
+
+    // The one thread of a forked child is in no device and may log at once: no thread of the parent's is in
+    // one while the process forks. Made at load, so that no thread can be about to make the list either. The
+    // system forgets the handlers when this library is unloaded.
+    const bool forksBetweenRecords = [] {
+        TheDevices();
+        constexpr auto lock = [] {
+            if (!insideDevice) // else it is a device that forks, and this very thread holds the lock
+                TheDevices().mutex.Lock();
+        };
+        constexpr auto unlock = [] {
+            if (!insideDevice)
+                TheDevices().mutex.Unlock();
+        };
+        return ::pthread_atfork(lock, unlock, unlock) == 0;
+    }();
 } // namespace
 
 void nxLogManager::SetThreshold(const nxLogLevelEnum& level) {
@@ -36,13 +62,13 @@ nxLogLevelEnum nxLogManager::GetThreshold() {
 nxLogManager::Devices nxLogManager::SetDevices(Devices devices) {
     DeviceList& list = TheDevices();
     const nxMutexGuard guard(list.mutex);
-    return std::exchange(list.devices, std::move(devices));
+    return std::exchange(list.Get(), std::move(devices));
 }
 
 void nxLogManager::AddDevice(std::shared_ptr<nxLogDevice> device) {
     DeviceList& list = TheDevices();
     const nxMutexGuard guard(list.mutex);
-    list.devices.push_back(std::move(device));
+    list.Get().push_back(std::move(device));
 }
 
 void nxLogManager::Write(const nxLog& record) {
@@ -51,8 +77,9 @@ void nxLogManager::Write(const nxLog& record) {
 
     DeviceList& list = TheDevices();
     const nxMutexGuard guard(list.mutex);
+    const nxLogManager::Devices& devices = list.Get();
     insideDevice = true;
-    for (const auto& device : list.devices) {
+    for (const auto& device : devices) {
         try {
             device->Write(record);
         } catch (...) // NOLINT(bugprone-empty-catch): a log that cannot be written must not break the work

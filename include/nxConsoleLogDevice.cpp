@@ -95,25 +95,45 @@ namespace {
             text.remove_prefix(std::max<std::size_t>(length, 1));
         }
     }
+
+    // The text's beginning of at most so many bytes, without a part of a character at its end.
+    std::string_view Beginning(std::string_view text, std::size_t longest) {
+        if (text.size() <= longest)
+            return text;
+        constexpr std::size_t LongestCharacter = 4;
+        std::size_t end = longest;
+        while (end > 0 && longest - end < LongestCharacter &&
+               (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80)
+            --end;
+        return text.substr(0, end + LengthOfPrintable(text.substr(end)) > longest ? end : longest);
+    }
 } // namespace
 
 struct nxConsoleLogDevice::Sink {
-    Sink() {
+    explicit Sink(std::size_t longest) : longestText(longest) {
         // The level's own name stands in the text: spdlog knows fewer levels than the platform.
         output.set_formatter(std::make_unique<spdlog::pattern_formatter>("%Y-%m-%dT%H:%M:%S.%fZ %^%v%$",
                                                                          spdlog::pattern_time_type::utc));
     }
 
+    const std::size_t longestText;
     spdlog::sinks::stderr_color_sink_mt output;
 };
 
-nxConsoleLogDevice::nxConsoleLogDevice() : _sink(std::make_shared<Sink>()) {}
+nxConsoleLogDevice::nxConsoleLogDevice() : nxConsoleLogDevice(LongestText) {}
+
+nxConsoleLogDevice::nxConsoleLogDevice(std::size_t longestText)
+    : _sink(std::make_shared<Sink>(longestText == AnyLength ? std::string::npos : longestText)) {}
 
 void nxConsoleLogDevice::Write(const nxLog& record) {
     const nxLogLevelEnum& level = record.GetLevel();
     std::string text = level.GetShortDescription() + " " + record.GetSourceFile() + ":" +
                        std::to_string(record.GetLineNumber()) + " ";
-    AppendPrintable(text, record.GetLogEntry());
+    const std::string& entry = record.GetLogEntry();
+    const std::string_view shown = Beginning(entry, _sink->longestText);
+    AppendPrintable(text, shown);
+    if (shown.size() < entry.size())
+        text += "... (" + std::to_string(entry.size() - shown.size()) + " more bytes)";
     const spdlog::log_clock::time_point time{std::chrono::duration_cast<spdlog::log_clock::duration>(
         std::chrono::nanoseconds(record.GetTimeStamp().GetAsTimeValue()))};
     _sink->output.log(spdlog::details::log_msg(time, spdlog::source_loc(), spdlog::string_view_t(),

@@ -3,7 +3,6 @@
 
 #include "core/nxFileHelper.h"
 
-#include "tests/support/nxFullDisk.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
 
@@ -49,19 +48,6 @@ namespace {
         return static_cast<mode_t>(fs::status(path).permissions());
     }
 } // namespace
-
-TEST(nxFileHelperWrite, ThatFailsHalfwayLeavesTheFileOfBeforeAndNothingElse) {
-    const nxTempFolder folder;
-    const std::string path = folder.PathOf("a.xml");
-    ExpectWritten(path, "before");
-    {
-        const nxFullDisk limit(1000);
-        ExpectNotWritten(path, std::string(100'000, 'x'));
-        ExpectNotWritten(folder.PathOf("new.xml"), std::string(100'000, 'x'));
-    }
-    EXPECT_EQ(Contents(path), "before");
-    EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a.xml"});
-}
 
 TEST(nxFileHelperWrite, MakesAndReplacesFilesOfAnyBytesAndSize) {
     const nxTempFolder folder;

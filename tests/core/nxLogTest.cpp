@@ -27,6 +27,13 @@ namespace {
     constexpr const char* SourceFile = "xmlFramework/trunk/nxLogTest";
 
     using Entries = std::vector<std::string>;
+
+    std::string ManyTimes(const std::string& text, int count) {
+        std::string texts;
+        for (int i = 0; i < count; ++i)
+            texts += text;
+        return texts;
+    }
 } // namespace
 
 TEST(nxLogRecord, IsTheTextOfItsPiecesInOrder) {
@@ -177,7 +184,14 @@ TEST(nxConsoleLogDeviceOutput, IsOneLineWithTimeLevelSourceAndTextWhateverItsByt
         // no UTF-8: cut, too long, a surrogate, beyond all characters, a byte of a character's inside alone
         {"\xC3(\xE2\x82 \xC0\xAF\xE0\x9F\xBF\xED\xA0\x80\xF4\x90\x80\x80\x9B\xF0\x9F\x98"s,
          "\\xC3(\\xE2\\x82 \\xC0\\xAF\\xE0\\x9F\\xBF\\xED\\xA0\\x80\\xF4\\x90\\x80\\x80\\x9B\\xF0\\x9F\\x98"},
-        {std::string(100'000, 'x'), std::string(100'000, 'x')},
+        {std::string(8192, 'x'), std::string(8192, 'x')},
+        {std::string(8193, '\n'), ManyTimes("\\n", 8192) + "... (1 more bytes)"},
+        // the limit comes within a character; within what is none
+        {std::string(8190, 'x') + "\xF0\x9F\x98\x80", std::string(8190, 'x') + "... (4 more bytes)"},
+        {std::string(8189, 'x') + "\xF0\x9F\x98\x80y", std::string(8189, 'x') + "... (5 more bytes)"},
+        {std::string(8188, 'x') + "\xF0\x9F\x98\x80y",
+         std::string(8188, 'x') + "\xF0\x9F\x98\x80... (1 more bytes)"},
+        {std::string(10'000, '\x80'), ManyTimes("\\x80", 8192) + "... (1808 more bytes)"},
     };
     for (const auto& [text, shown] : cases) {
         for (unsigned int level = nxLogLevelEnum::Trace; level <= nxLogLevelEnum::Fatal; ++level) {
@@ -197,4 +211,17 @@ TEST(nxConsoleLogDeviceOutput, IsOneLineWithTimeLevelSourceAndTextWhateverItsByt
                                               " xmlFramework/trunk/nxLogTest:12345 " + shown + "\n");
         }
     }
+}
+
+TEST(nxConsoleLogDeviceOutput, IsAsLongAsItsOwnerWants) {
+    nxLog record(nxLogLevels::Error, SourceFile, 1);
+    record << std::string(1'000'000, 'x');
+    const auto shown = [&record](std::size_t longest) {
+        testing::internal::CaptureStderr();
+        nxConsoleLogDevice(longest).Write(record);
+        const std::string line = testing::internal::GetCapturedStderr();
+        return line.substr(line.rfind(' ', line.find('x', line.find(":1 "))) + 1);
+    };
+    EXPECT_EQ(shown(nxConsoleLogDevice::AnyLength), record.GetLogEntry() + "\n");
+    EXPECT_EQ(shown(1), "x... (999999 more bytes)\n");
 }

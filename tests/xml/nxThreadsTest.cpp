@@ -3,16 +3,27 @@
 
 // Threads with records of their own: most of use under the thread sanitizer.
 
+#include "include/nxLogLevels.h"
+#include "include/nxWriteLog.h"
 #include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxInThreads.h"
 #include "tests/support/nxPrint.h"
-#include "xmlFramework/xml/nxXMLDataObject.h"
+#include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
+#include "xmlFramework/market/nxAlgoIDMappingList.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <memory>
+#include <mutex>
 #include <string>
+#include <thread>
+#include <vector>
 
 constexpr int Rounds = 100;
 
@@ -46,4 +57,56 @@ TEST(nxXMLDocumentInManyThreads, FailsAndLogsInEachForItself) {
         EXPECT_EQ(built.SaveToString(xml), nxErrorEnum::XMLTextNotCarried);
     });
     EXPECT_EQ(log.Entries().size(), 3U * Threads * Rounds); // two for each load, one for each save
+}
+
+namespace {
+    // What a child may do while threads of its parent were busy.
+    bool WorksInChild() {
+        const std::string xml = "<AlgoIDMappingList><AlgoIDMappings/></AlgoIDMappingList>";
+        const std::unique_ptr<nxXMLDataObject> record(nxXMLDataObject::CreateInstance(0x414C4944U));
+        std::string written;
+        nxXMLReport report;
+        nxWriteLog({nxLogLevels::Error, "child"}, "child");
+        std::vector<nxKestrumParameter*> parameters;
+        return record->ConvertFromXML(xml, "").IsOK() && report.Read(*record, xml, "").IsOK() &&
+               record->ConvertToXML(written, "").IsOK() && written == xml &&
+               nxKestrumAlgorithmSpec().ExtractParametersFromUserString("", parameters).IsOK();
+    }
+
+    // A device that takes its time, so that most forks come while it is being written to.
+    class SlowDevice : public nxLogDevice {
+        void Write(const nxLog& record) override {
+            const std::lock_guard guard(_mutex);
+            _last = record.GetLogEntry();
+            std::this_thread::sleep_for(std::chrono::microseconds(20));
+        }
+        std::mutex _mutex;
+        std::string _last;
+    };
+} // namespace
+
+TEST(nxForkedChild, ConvertsAndLogsWhateverThreadsOfItsParentDid) {
+    constexpr int Forks = 200;
+    const nxCollectedLog log; // puts back the devices in the end
+    nxLogManager::SetDevices({std::make_shared<SlowDevice>()});
+    std::vector<std::jthread> threads;
+    for (int i = 0; i < 4; ++i)
+        threads.emplace_back([](const std::stop_token& done) {
+            while (!done.stop_requested()) {
+                nxAlgoIDMappingList list;
+                EXPECT_FALSE(list.ConvertFromXML("<a", "prefix: ").IsOK());
+                std::string xml;
+                EXPECT_TRUE(list.ConvertToXML(xml, "").IsOK());
+            }
+        });
+    for (int i = 0; i < Forks; ++i) {
+        const pid_t child = fork();
+        if (child == 0) {
+            alarm(10);
+            _exit(WorksInChild() ? 0 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_EQ(status, 0) << "signal " << SIGALRM << ": hangs";
+    }
 }

@@ -11,6 +11,8 @@
 #include "xmlFramework/xml/nxXMLLists.h"
 
 #include <algorithm>
+#include <atomic>
+#include <memory>
 #include <tuple>
 #include <utility>
 
@@ -111,6 +113,7 @@ struct nxKestrumAlgorithmSpec::SystemParameters {
         Add("$backTestingSpeedMultiplier", Type::Decimal);
         Add("$classroomPlaybackEnabled", Type::Boolean);
         Add("$classroomNumber", Type::Unsigned);
+        definitions.Find(""); // makes the index, while nobody else looks
     }
     void Add(const char* name, const nxKestrumParameterTypeEnum& type) {
         definitions.Add(std::unique_ptr<nxKestrumParameterDefinition>(new nxKestrumParameterDefinition(
@@ -123,9 +126,16 @@ struct nxKestrumAlgorithmSpec::SystemParameters {
 const bool nxKestrumAlgorithmSpec::_registered = nxXMLDataObject::_Register(new nxKestrumAlgorithmSpec);
 
 const nxKestrumAlgorithmSpec::SystemParameters& nxKestrumAlgorithmSpec::_TheSystemParameters() {
-    // Never destroyed: jobs are checked while the process winds down, too.
-    static const auto& systemParameters = *new SystemParameters;
-    return systemParameters;
+    // Never destroyed: jobs are checked while the process winds down, too. And made without a lock, which a
+    // fork might leave locked in the child: who comes second drops what he made.
+    static std::atomic<const SystemParameters*> made = nullptr;
+    const SystemParameters* current = made.load(std::memory_order_acquire);
+    if (!current) {
+        auto fresh = std::make_unique<const SystemParameters>();
+        if (made.compare_exchange_strong(current, fresh.get(), std::memory_order_acq_rel))
+            current = fresh.release();
+    }
+    return *current;
 }
 
 nxErrorEnum nxKestrumAlgorithmSpec::ConvertFromXML(const std::string& xml, const std::string& context) {

@@ -42,14 +42,10 @@ public:
     void Reserve(std::size_t count) { _map._idsByName.reserve(_map._idsByName.size() + count); }
     // As SetBrokerIDAndName does; documents mostly have their brokers in order.
     const char* Add(const Broker& broker) {
-        std::string name(broker.name);
-        const std::size_t before = _map._namesByID.size();
-        _map._namesByID.insert_or_assign(_map._namesByID.end(), broker.id, name);
-        const bool hasNewID = _map._namesByID.size() != before;
-        const bool hasNewName = _map._idsByName.insert_or_assign(std::move(name), broker.id).second;
-        if (!hasNewID)
+        const IsNew isNew = _map._Set(broker.id, std::string(broker.name));
+        if (!isNew.id)
             return "read in place of one of the same ID before it";
-        return hasNewName ? nullptr : "its name is found under this ID, not under one before it";
+        return isNew.name ? nullptr : "its name is found under this ID, not under one before it";
     }
     auto Range() const {
         return nxXMLFields::MadeFrom(_map._namesByID, [](const auto& entry) {
@@ -121,6 +117,19 @@ std::string nxBrokerMap::GetBroker(const nxUnsignedValueWrapper& id) const {
 }
 
 void nxBrokerMap::SetBrokerIDAndName(const nxUnsignedValueWrapper& id, const std::string& name) {
-    _idsByName[name] = id;
-    _namesByID[id] = name;
+    _Set(id, name);
+}
+
+// In both maps or in none: what asks for memory comes before what changes them.
+nxBrokerMap::IsNew nxBrokerMap::_Set(const nxUnsignedValueWrapper& id, const std::string& name) {
+    BrokerIDMap made;
+    made.emplace(id, name);
+    const bool isNewName = _idsByName.insert_or_assign(name, id).second;
+    const std::size_t countBefore = _namesByID.size();
+    auto node = made.extract(made.begin());
+    const auto entry = _namesByID.insert(_namesByID.end(), std::move(node));
+    const bool isNewID = _namesByID.size() != countBefore;
+    if (!isNewID)
+        entry->second = std::move(node.mapped()); // which the map has not taken
+    return {isNewID, isNewName};
 }

@@ -16,6 +16,15 @@ class XMLFRAMEWORK_API nxBrokerMap : public nxXMLDataObject {
 public:
     using BrokerIDMap = std::map<nxUnsignedValueWrapper, std::string>; // in order of the IDs
 
+    nxBrokerMap() = default;
+    nxBrokerMap(const nxBrokerMap&) = default;
+    nxBrokerMap(nxBrokerMap&&) noexcept = default;
+    nxBrokerMap& operator=(const nxBrokerMap& other) {
+        return *this = nxBrokerMap(other);
+    } // both maps or none
+    nxBrokerMap& operator=(nxBrokerMap&&) noexcept = default;
+    ~nxBrokerMap() override = default;
+
     // Adds to what the map holds, as SetBrokerIDAndName does. nxErrorEnum::InvalidData also for a broker
     // without a valid ID: it ends the reading, and those before it stay.
     [[nodiscard]] nxErrorEnum ConvertFromXML(const std::string& xml, const std::string& logPrefix) override;
@@ -41,6 +50,12 @@ public:
 private:
     struct Fields;
     class Brokers;
+
+    struct IsNew {
+        bool id;
+        bool name;
+    };
+    IsNew _Set(const nxUnsignedValueWrapper& id, const std::string& name);
 
     static const bool _registered;
 

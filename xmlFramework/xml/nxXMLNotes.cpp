@@ -105,9 +105,8 @@ private:
     };
 
     const Notes& NotesOf(nxXMLNode node) const {
-        static const Notes none;
         const auto entry = _notes._notes.find(node.GetIdentity());
-        return entry != _notes._notes.end() ? entry->second : none;
+        return entry != _notes._notes.end() ? entry->second : _none;
     }
 
     nxXMLFinding& Add(Kind kind, nxXMLNode node, std::string path, const std::string& key,
@@ -314,6 +313,7 @@ private:
         }
     }
 
+    const Notes _none;
     const nxXMLNotes& _notes;
     const nxXMLTree& _tree;
     std::unordered_map<const void*, std::vector<std::string_view>> _lostTexts;
