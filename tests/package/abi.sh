@@ -27,7 +27,8 @@ done <"$public_headers"
 
 bad=0
 for library in "$@"; do
-    name=$(basename "$library" .so)
+    name=$(basename "$library")
+    name=${name%%.so*}
     nm -DC --defined-only "$library" | cut -c20- | sort -u >"$scratch/$name.names"
     foreign=$(grep -vE '^(vtable for |typeinfo (name )?for )?nx|^operator(==|<=>)\(nx' "$scratch/$name.names" || true)
     [ -z "$foreign" ] || { printf '%s exports what is not ours:\n%s\n' "$library" "$foreign"; bad=1; }

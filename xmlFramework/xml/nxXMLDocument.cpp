@@ -129,10 +129,34 @@ namespace {
         return false;
     }
 
+    // The parser counts columns in UTF-16, where a character may be two of them.
+    std::size_t ColumnInCharacters(std::string_view text, std::size_t line, std::size_t column) {
+        for (; line > 1 && !text.empty(); --line)
+            text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
+        std::size_t units = 1;
+        std::size_t characters = 1;
+        for (const char c : text.substr(0, 3 * column)) { // three bytes a unit at most
+            const auto byte = static_cast<unsigned char>(c);
+            if (units >= column)
+                break;
+            if ((byte & 0xC0U) == 0x80U) // within a character
+                continue;
+            units += byte >= 0xF0 ? 2U : 1U;
+            ++characters;
+        }
+        return units >= column ? characters : column;
+    }
+
     // Tells who listens what the parser's own words leave open of a text that is no document.
     void Explain(nxXMLReport& report, std::string_view text) {
         if (report.GetFindings().empty()) // something was thrown
             return report.AddNotWellFormed(1, 1, "the parser refuses the document: see the log");
+        const std::vector<nxXMLFinding> findings = report.GetFindings();
+        report.Clear();
+        for (nxXMLFinding finding : findings) {
+            finding.column = ColumnInCharacters(text, finding.line, finding.column);
+            report.Add(std::move(finding));
+        }
         // The parser calls it an invalid structure, and stands behind the word.
         constexpr std::string_view Doctype = "<!DOCTYPE";
         const std::size_t found = text.find(Doctype);
