@@ -251,9 +251,9 @@ fuzz_coverage() {
     llvm-profdata merge -o "$dir/all.profdata" "$dir"/*.profraw
     objects+=(-object "$dir/core/libnxcore.so" -object "$dir/xmlFramework/libXMLFramework.so")
     llvm-cov report "${objects[@]:1}" -instr-profile "$dir/all.profdata" -show-region-summary=false \
-        -ignore-filename-regex '/(usr|fuzz|tests|build)/' | tee "$dir/report.txt"
+        -ignore-filename-regex "^/usr/|^$source_dir/(fuzz|tests)/" | tee "$dir/report.txt"
     llvm-cov show "${objects[@]:1}" -instr-profile "$dir/all.profdata" \
-        -ignore-filename-regex '/(usr|fuzz|tests|build)/' >"$dir/lines.txt"
+        -ignore-filename-regex "^/usr/|^$source_dir/(fuzz|tests)/" >"$dir/lines.txt"
     say "line by line: $dir/lines.txt"
 }
 
