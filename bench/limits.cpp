@@ -331,20 +331,23 @@ namespace {
             results.push_back(
                 {&shape, Measure(way.work, TextOf(shape, size)), Measure(way.work, TextOf(shape, 4 * size))});
 
-        Print(way, results.front(), size);
         const auto isTooFast = [](const Result& result) {
             return result.fourfold.seconds > ParserSeconds && result.Growth() > MaxGrowth;
         };
-        const auto largest =
-            std::ranges::max_element(results, {}, [](const Result& result) { return result.fourfold.bytes; });
-        std::iter_swap(largest, results.begin());
+        const bool isLinear = std::ranges::none_of(results, isTooFast);
+
+        Print(way, results.front(), size);
+        results.erase(results.begin());
+        std::iter_swap(results.begin(), std::ranges::max_element(results, {}, [](const Result& result) {
+                           return result.fourfold.bytes;
+                       }));
         std::ranges::sort(results.begin() + 1, results.end(), std::greater(),
                           [](const Result& result) { return result.fourfold.seconds; });
         for (auto result = results.begin(); result != results.end(); ++result) {
             if (result - results.begin() < 4 || isTooFast(*result))
                 Print(way, *result, size);
         }
-        return std::ranges::none_of(results, isTooFast);
+        return isLinear;
     }
 } // namespace
 
