@@ -21,7 +21,8 @@ usage: ./build.sh COMMAND
                           run all tests, in the presets release, asan and tsan unless others are named
   bench [ARGUMENT...]     measure speed beside other XML stacks, growth and memory;
                           write build/bench/results.json
-  fuzz [SECONDS]          run each fuzzer for so long (60)
+  fuzz [--fast] [SECONDS] run each fuzzer for so long (60), one a core; fast: without sanitizers
+  fuzz-coverage           the lines of the libraries that the fuzzers' inputs reach
   lint                    formatting, clang-tidy, layering
   coverage                which lines and branches the tests run; build/coverage/report.txt
   install [PREFIX]        install libraries, headers and tool (/usr/local)
@@ -192,19 +193,74 @@ bench() {
     python3 bench/run.py build/bench/bench --output build/bench/results.json "$@"
 }
 
+# fuzz_one SECONDS PROGRAM FOLDERS ARGUMENTS: fuzzes on one core, leaves the smallest corpus that reaches
+# what was reached, and prints the row of a table. Fails with a finding.
+fuzz_one() {
+    local seconds=$1 program=$2 folders arguments name log corpus status=0
+    read -ra folders <<<"$3"
+    read -ra arguments <<<"$4"
+    name=$(basename "$program")
+    log=$log_dir/fuzz-$name.log
+    corpus=build/fuzz/corpus/$name
+    mkdir -p "$corpus" build/fuzz/findings
+    "$program" "${arguments[@]}" -max_total_time="$seconds" -timeout=10 -report_slow_units=2 -rss_limit_mb=4096 \
+        -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$name-" "$corpus" "${folders[@]}" \
+        >"$log" 2>&1 </dev/null || status=$?
+    if grep -q 'Test unit written' "$log"; then status=1; fi # a slow one does not end the run
+    if [ "$status" -eq 0 ]; then
+        rm -rf "$corpus.merged"
+        mkdir "$corpus.merged"
+        "$program" "${arguments[@]}" -merge=1 "$corpus.merged" "$corpus" >"$log.merge" 2>&1 </dev/null
+        rm -rf "$corpus" && mv "$corpus.merged" "$corpus"
+    fi
+    printf '%-18s %12s %8s %10s   %s\n' "$name" \
+        "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" \
+        "$(sed -n 's/^stat::average_exec_per_sec: *//p' "$log")" \
+        "$(sed -n 's/.* cov: \([0-9]*\) .*/\1/p' "$log" | tail -n 1)" \
+        "$(sed -n 's/.*Test unit written to //p' "$log" | tr '\n' ' ')"
+    [ "$status" -eq 0 ] || grep -m 3 -hE 'does not hold|ERROR:|runtime error:|SUMMARY:' "$log" || true
+    return "$status"
+}
+
 fuzz() {
-    local seconds=${1:-60} fuzzer name
+    local dir=fuzz extra=()
+    if [ "${1:-}" = --fast ]; then
+        dir=fuzz-fast
+        extra=(-DCMAKE_BUILD_TYPE=Release -DXMLFRAMEWORK_SANITIZE=fuzzer-no-link)
+        shift
+    fi
     need "${fuzz_packages[@]}"
-    build fuzz fuzz fuzz/all
-    mkdir -p build/fuzz/findings
-    while read -r fuzzer; do
-        name=$(basename "$fuzzer")
-        mkdir -p "build/fuzz/corpus/$name"
-        say "fuzzing $name for $seconds s"
-        quietly "fuzz-$name" "$fuzzer" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=4096 -print_final_stats=1 \
-            -artifact_prefix="build/fuzz/findings/$name-" "build/fuzz/corpus/$name" "fuzz/corpus/$name"
-        grep -E 'number_of_executed_units|average_exec_per_sec' "$log_dir/fuzz-$name.log"
-    done <build/fuzz/fuzzers.txt
+    build "$dir" fuzz fuzz/all "${extra[@]}"
+    say "fuzzing, ${1:-60} s each"
+    printf '%-18s %12s %8s %10s   %s\n' fuzzer executions a-second edges findings
+    export -f fuzz_one
+    export log_dir
+    parallel --will-cite -j "$jobs" --colsep '\|' fuzz_one "${1:-60}" '{1}' '{2}' '{3}' \
+        <"build/$dir/fuzzers.txt" || die "findings: see build/fuzz/findings"
+}
+
+# The corpus, what the fuzzers start from and what they found worth keeping, replayed.
+fuzz_coverage() {
+    need "${fuzz_packages[@]}" llvm
+    build fuzz-coverage debug fuzz/all -DCMAKE_CXX_COMPILER=clang++ \
+        "-DCMAKE_CXX_FLAGS=-fprofile-instr-generate -fcoverage-mapping"
+    local dir=build/fuzz-coverage program folders found objects=()
+    rm -f "$dir"/*.profraw
+    while IFS='|' read -r program folders _; do
+        found=build/fuzz/corpus/$(basename "$program")
+        mkdir -p "$found"
+        # shellcheck disable=SC2086 # several folders
+        LLVM_PROFILE_FILE="$dir/$(basename "$program").profraw" \
+            quietly "coverage-$(basename "$program")" "$program" $folders "$found"
+        objects+=(-object "$program")
+    done <"$dir/fuzzers.txt"
+    llvm-profdata merge -o "$dir/all.profdata" "$dir"/*.profraw
+    objects+=(-object "$dir/core/libnxcore.so" -object "$dir/xmlFramework/libXMLFramework.so")
+    llvm-cov report "${objects[@]:1}" -instr-profile "$dir/all.profdata" -show-region-summary=false \
+        -ignore-filename-regex "^/usr/|^$source_dir/(fuzz|tests)/" | tee "$dir/report.txt"
+    llvm-cov show "${objects[@]:1}" -instr-profile "$dir/all.profdata" \
+        -ignore-filename-regex "^/usr/|^$source_dir/(fuzz|tests)/" >"$dir/lines.txt"
+    say "line by line: $dir/lines.txt"
 }
 
 lint() {
@@ -296,6 +352,7 @@ demo) demo "$@" ;;
 test) run_tests "$@" ;;
 bench) bench "$@" ;;
 fuzz) fuzz "$@" ;;
+fuzz-coverage) fuzz_coverage ;;
 lint) lint ;;
 coverage) coverage ;;
 install) install_product "$@" ;;

@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The input as a document, and as a text to put into one. What a document takes, it gives back the same.
+// The input as a document, and as a text to put into one. What a document takes, it gives back the same; all
+// ways to its elements lead to the same ones; what is added to them is there when it is loaded again.
 
 #include "fuzz/nxFuzz.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
 
 #include <string>
+#include <vector>
 
 namespace {
     using nxFuzz::Require;
@@ -21,6 +23,66 @@ namespace {
         std::string saved;
         Require(document.SaveToString(saved).IsOK());
         return saved;
+    }
+
+    // All elements of a document that was saved, and so is no deeper than that allows, in its order.
+    void Collect(nxXMLElement element, std::vector<nxXMLElement>& elements) {
+        elements.push_back(element);
+        nxXMLElement found;
+        for (nxXMLElement child = element.GetFirstChildElement(); child.IsValid();
+             child = element.GetNextChildElement()) {
+            // By its name and the one of that name before it.
+            nxXMLElement named = element.FindChildElement(child.GetName());
+            Require(named.IsValid() && child.HasName(named.GetName()));
+            if (found.IsValid() && found.HasName(child.GetName()))
+                named = element.FindNextChildElement(child.GetName(), found);
+            else
+                while (named.IsValid() && named.GetElement() != child.GetElement())
+                    named = element.FindNextChildElement(child.GetName(), named);
+            Require(named.GetElement() == child.GetElement());
+            found = child;
+            Collect(child, elements);
+        }
+    }
+
+    std::vector<nxXMLElement> ElementsOf(const nxXMLDocument& document) {
+        std::vector<nxXMLElement> elements;
+        Collect(document.GetRootElement(), elements);
+        return elements;
+    }
+
+    // Adds to each element and finds it there.
+    void CheckEditing(const std::string& xml) {
+        constexpr char Name[] = "nx-added"; // which no input has
+        if (xml.find(Name) != std::string::npos)
+            return;
+        nxXMLDocument document;
+        Require(document.LoadFromString(xml).IsOK());
+        const std::vector<nxXMLElement> elements = ElementsOf(document);
+        for (nxXMLElement element : elements) {
+            const std::string text = element.GetTextValue();
+            Require(element.SetAttribute(Name, text).IsOK() && element.AddChildValue(Name, text).IsOK());
+        }
+
+        std::string saved;
+        if (const nxErrorEnum result = document.SaveToString(saved); !result.IsOK()) {
+            Require(Is(result, nxErrorEnum::XMLTooDeep)); // by what was added
+            return;
+        }
+        nxXMLDocument again;
+        Require(again.LoadFromString(saved).IsOK());
+        std::size_t count = 0;
+        for (const nxXMLElement& element : ElementsOf(again)) {
+            if (element.HasName(Name))
+                continue;
+            std::string text;
+            Require(element.GetAttribute(Name, text).IsOK());
+            Require(element.FindChildElement(Name).GetTextValue() == text);
+            Require(element.GetNumberOfAttributes() == elements[count].GetNumberOfAttributes() &&
+                    element.HasName(elements[count].GetName()) && elements[count].GetTextValue() == text);
+            ++count;
+        }
+        Require(count == elements.size());
     }
 
     void CheckAsDocument(const std::string& input) {
@@ -41,6 +103,7 @@ namespace {
             return;
         }
         Require(Resaved(saved) == saved);
+        CheckEditing(saved);
     }
 
     void CheckAsText(const std::string& input) {

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 
 // The entry point of a fuzzer, which libFuzzer calls with each input, and replay.cpp where there is none.
@@ -18,9 +19,12 @@ namespace nxFuzz {
         return true;
     }();
 
-    // A property that must hold for every input.
-    inline void Require(bool condition) {
-        if (!condition)
-            std::abort();
+    // A property that must hold for every input. Says where it was asked for when it does not.
+    inline void Require(bool condition, const char* file = __builtin_FILE(),
+                        unsigned int line = __builtin_LINE()) {
+        if (condition)
+            return;
+        std::fprintf(stderr, "%s:%u: what is required does not hold\n", file, line);
+        std::abort();
     }
 } // namespace nxFuzz

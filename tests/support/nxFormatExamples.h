@@ -3,29 +3,17 @@
 
 #pragma once
 
-#include "core/nxDataCategoryEnum.h"
-#include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
-#include "xmlFramework/kestrum/nxKestrumJobSpec.h"
-#include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
-#include "xmlFramework/kestrum/nxKestrumUserLimit.h"
-#include "xmlFramework/market/nxAlgoIDMappingList.h"
-#include "xmlFramework/market/nxBrokerMap.h"
-#include "xmlFramework/market/nxExchangeDefinitionList.h"
-#include "xmlFramework/market/nxMICDefinitionList.h"
-#include "xmlFramework/market/nxOrvalenPriceUsageStatistics.h"
-#include "xmlFramework/market/nxSyntheticPriceServerInstanceList.h"
-#include "xmlFramework/market/nxTradingHoursSchemeList.h"
-#include "xmlFramework/market/nxUserTextList.h"
-#include "xmlFramework/spread/nxSyntheticSpreadOrderSpec_XML.h"
+#include "tests/support/nxRecordClasses.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <memory>
 #include <regex>
 #include <string>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 // The documents that the pages of docs/formats show. docs/formats/README.md says how a page marks them.
@@ -72,31 +60,19 @@ namespace nxFormatExamples {
         return examples;
     }
 
-    template <class Class>
-    std::string NameOf() {
-        if constexpr (requires(Class record) { record.GetDataCategoryTypeID(); })
-            return nxDataCategoryEnum(Class().GetDataCategoryTypeID()).GetAsString();
-        else
-            return Class::GetDocumentDescription().root;
-    }
-    template <class Class, class... Others>
-    auto WithRecordAmong(const std::string& name, auto visit) {
-        Class record;
-        if constexpr (sizeof...(Others) > 0) {
-            if (NameOf<Class>() != name)
-                return WithRecordAmong<Others...>(name, visit);
-        }
-        EXPECT_EQ(NameOf<Class>(), name);
-        return visit(record);
-    }
-
     // Calls visit(record) with a new record of the class that an example names.
     auto WithRecord(const std::string& name, auto visit) {
-        return WithRecordAmong<nxAlgoIDMappingList, nxBrokerMap, nxExchangeDefinitionList,
-                               nxKestrumAlgorithmSpec, nxKestrumJobSpec, nxKestrumModuleSpec,
-                               nxKestrumUserLimit, nxMICDefinitionList, nxOrvalenPriceUsageStatistics,
-                               nxSyntheticPriceServerInstanceList, nxSyntheticSpreadOrderSpec_XML,
-                               nxTradingHoursSchemeList, nxUserTextList>(name, visit);
+        decltype(visit(std::declval<nxKestrumJobSpec&>())) result{};
+        bool isFound = false;
+        nxRecordClasses::All::ForEach([&]<class Class>(std::type_identity<Class>) {
+            if (nxRecordClasses::NameOf<Class>() != name)
+                return;
+            Class record;
+            result = visit(record);
+            isFound = true;
+        });
+        EXPECT_TRUE(isFound) << name;
+        return result;
     }
 
     // Reads a document and writes it again.

@@ -7,7 +7,9 @@
 #include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
+#include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLReport.h"
 
 #include <arpa/inet.h>
 #include <fcntl.h>
@@ -275,5 +277,17 @@ TEST(nxXMLDocumentSaveToString, TakesNoLongerForCommentsAmongManySiblings) {
         EXPECT_EQ(document.SaveToString(saved), nxErrorEnum::OK);
         EXPECT_LT((ProcessorTime() - start).count(), 2);
         EXPECT_TRUE(saved == xml) << saved.substr(0, 60);
+    }
+}
+
+TEST(nxXMLReportRead, TakesNoLongerForEachOfManyUnknownNames) {
+    for (const std::string& xml : {Repeated("<r>", "<n#/>", "</r>"), Repeated("<r", " n#=''", "/>")}) {
+        const auto start = ProcessorTime();
+        nxKestrumModuleSpec spec;
+        nxXMLReport report;
+        EXPECT_EQ(report.Read(spec, xml, ""), nxErrorEnum::OK);
+        EXPECT_LT((ProcessorTime() - start).count(), 20);
+        // The most losses that are kept, and that the source code is missing.
+        EXPECT_EQ(report.GetFindings().size(), 100'001U);
     }
 }

@@ -7,14 +7,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <unordered_map>
+#include <map>
 #include <utility>
 
 // What stood in a list, and under which names. Names are copies: those of the definitions may be gone.
 struct nxKestrumDefinitionList::Index {
     explicit Index(const Definitions& list) {
         definitions.reserve(list.size());
-        byName.reserve(list.size());
         for (const auto& definition : list)
             Add(definition.get());
     }
@@ -37,8 +36,8 @@ struct nxKestrumDefinitionList::Index {
         return list.empty() || std::memcmp(definitions.data(), pointers, list.size() * sizeof(void*)) == 0;
     }
 
-    std::vector<nxKestrumParameterDefinition*> definitions; // in order; some may be gone
-    std::unordered_map<std::string, nxKestrumParameterDefinition*> byName;
+    std::vector<nxKestrumParameterDefinition*> definitions;      // in order; some may be gone
+    std::map<std::string, nxKestrumParameterDefinition*> byName; // names could be made for any hash
     std::shared_ptr<nxKestrumParameterDefinition::NameWatch::Flag> isOutdated =
         std::make_shared<nxKestrumParameterDefinition::NameWatch::Flag>(false);
 };

@@ -7,9 +7,14 @@
 #include "core/nxStringHelper.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 #include <utility>
 
 namespace {
+    // Of losses, and of elements that are merely missing: a few bytes can lack what takes kilobytes to say.
+    constexpr std::size_t MaxFindings = 100'000;
+
     bool IsBlank(std::string_view text) {
         return nxStringHelper::Trimmed(text).empty();
     }
@@ -117,11 +122,17 @@ private:
         finding.key = key;
         finding.name = node.GetName();
         finding.expected = std::move(expected);
+        std::size_t& count = finding.IsLoss() ? _losses : _missing;
+        if (count == MaxFindings)
+            return _notKept = std::move(finding);
+        ++count;
         _found.push_back({std::move(finding), _tree.GetPosition(node)});
         return _found.back().finding;
     }
     // Where it is, when that can be told more exactly than by its element.
     void PlaceLast(std::string_view text) {
+        if (_losses == MaxFindings)
+            return; // the last may not have been kept
         text.remove_prefix(std::min(text.find_first_not_of(" \t\r\n"), text.size()));
         if (const char* const position = _tree.GetPosition(text))
             _found.back().position = position;
@@ -152,6 +163,13 @@ private:
 
     void ReportAttributes(nxXMLNode node, const Notes& notes, const std::string& path,
                           const std::string& key) {
+        std::set<std::string_view> names; // of all, once they are asked for
+        const auto isThere = [&names, node](std::string_view known) {
+            if (names.empty())
+                node.ForEachAttribute(
+                    [&names](std::string_view name, std::string_view /*value*/) { names.insert(name); });
+            return names.contains(known);
+        };
         node.ForEachAttribute([&](std::string_view name, std::string_view value) {
             const auto field = std::ranges::find(notes.fields, name, &Field::name);
             if (field != notes.fields.end() && field->kind == FieldKind::Attribute) {
@@ -163,7 +181,7 @@ private:
                 PlaceLast(value);
             } else if (!IsOfDocument(name)) {
                 Add(Kind::UnknownAttribute, node, path + "/@" + std::string(name), key,
-                    Suggest(name, notes, node, true))
+                    Suggest(name, notes, true, isThere))
                     .name = name;
                 PlaceLast(name);
             }
@@ -227,7 +245,7 @@ private:
             std::size_t all = 0;
             std::size_t seen = 0;
         };
-        std::unordered_map<std::string_view, Count> counts;
+        std::map<std::string_view, Count> counts; // sorted: names could be made for any hash
         for (nxXMLNode child = node.GetFirstChild(); child.IsValid(); child = child.GetNext())
             ++counts[child.GetName()].all;
 
@@ -239,17 +257,19 @@ private:
             if (NotesOf(child).isTaken)
                 VisitTaken(child, childPath, key);
             else
-                ReportUntaken(child, node, notes, std::move(childPath), key);
+                ReportUntaken(child, notes, std::move(childPath), key,
+                              [&counts](std::string_view name) { return counts.contains(name); });
         }
     }
 
-    void ReportUntaken(nxXMLNode node, nxXMLNode parent, const Notes& parentNotes, std::string path,
-                       const std::string& key) {
+    template <class IsThere>
+    void ReportUntaken(nxXMLNode node, const Notes& parentNotes, std::string path, const std::string& key,
+                       IsThere isThere) {
         const auto isFor = [node](const AskedField& field) { return Takes(field, node.GetName()); };
         const auto field = std::ranges::find_if(parentNotes.fields, isFor);
         if (field == parentNotes.fields.end())
             Add(Kind::UnknownElement, node, std::move(path), key,
-                Suggest(node.GetName(), parentNotes, parent, false));
+                Suggest(node.GetName(), parentNotes, false, isThere));
         else if (field->kind == FieldKind::Items)
             Add(Kind::ItemLeftOut, node, std::move(path), key).reason = parentNotes.ending;
         else if (field->taken.IsValid())
@@ -275,7 +295,8 @@ private:
     }
 
     // The known name that is most like an unknown one. Empty when none is.
-    static std::string Suggest(std::string_view name, const Notes& notes, nxXMLNode node, bool isAttribute) {
+    template <class IsThere>
+    static std::string Suggest(std::string_view name, const Notes& notes, bool isAttribute, IsThere isThere) {
         // Behind an item's name stands its key, which is its own.
         const std::size_t dash = std::min(name.find('-'), name.size() - 1) + 1;
         nxNearestName nearest(name); // that is not there
@@ -289,7 +310,7 @@ private:
                 continue;
             }
             nearestOfAll.Try(field.name);
-            if (field.kind == FieldKind::Items || !IsThere(node, field))
+            if (field.kind == FieldKind::Items || !isThere(field.name))
                 nearest.Try(field.name);
         }
         for (const nxNearestName* found : {&nearest, &nearestOfAll}) {
@@ -318,6 +339,9 @@ private:
     const nxXMLTree& _tree;
     std::unordered_map<const void*, std::vector<std::string_view>> _lostTexts;
     std::vector<Located> _found;
+    std::size_t _losses = 0; // among them
+    std::size_t _missing = 0;
+    nxXMLFinding _notKept; // the last of those that are too many
 };
 
 void nxXMLNotes::Report(const nxXMLTree& tree, std::string_view root, nxXMLReport& report) const {

@@ -51,7 +51,7 @@ struct XMLFRAMEWORK_API nxXMLFinding {
 class XMLFRAMEWORK_API nxXMLReport {
 public:
     // record.ConvertFromXML(xml, logPrefix), with its result and all that it does. The findings are those of
-    // this document, in its order. Throws std::bad_alloc.
+    // this document, in its order; at most 100,000 losses, and as many that are none. Throws std::bad_alloc.
     template <class Record>
     [[nodiscard]] nxErrorEnum Read(Record& record, const std::string& xml, const std::string& logPrefix) {
         const Listening listening(*this);

@@ -3,7 +3,7 @@
 
 #include "xmlFramework/xml/nxXMLTree.h"
 
-#include <cstring>
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -61,7 +61,7 @@ char* nxXMLTree::Allocate(std::size_t size) {
 
 std::string_view nxXMLTree::Keep(std::string_view text) {
     char* const kept = Allocate(text.size());
-    std::memcpy(kept, text.data(), text.size());
+    std::ranges::copy(text, kept); // there may be none
     return {kept, text.size()};
 }
 
