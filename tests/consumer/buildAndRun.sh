@@ -33,7 +33,7 @@ pkg-config)
     "$cxx" -std=c++20 "$@" "$source_dir/consumer.cpp" -o "$work_dir/consumer" \
         $(pkg-config --cflags --libs 'XMLFramework >= 1.0')
     # shellcheck disable=SC2046
-    "$cxx" -std=c++20 "$@" "$source_dir/coreConsumer.cpp" -o "$work_dir/core-consumer" \
+    "$cxx" -std=c++20 "$@" -DPACKAGE_VERSION="\"$(pkg-config --modversion nxcore)\"" "$source_dir/coreConsumer.cpp" -o "$work_dir/core-consumer" \
         $(pkg-config --cflags --libs nxcore)
     ;;
 *)
