@@ -72,6 +72,8 @@ function(nx_add_library name)
         # A record's fields are read, written, noted and described in one file: by its own measure GCC stops
         # inlining the first two there (5 % of reading a small document).
         $<$<CXX_COMPILER_ID:GNU>:--param=inline-unit-growth=120>)
+    # Nor does the linker leave our own functions to others: what is exported is called as what is not.
+    target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     # The run-time of a sanitizer is in the program, not in the library.
     if(NOT XMLFRAMEWORK_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,-z,defs)

@@ -15,7 +15,7 @@
 #include <utility>
 #include <vector>
 
-// Lists as fields of records. Private to the library.
+// Lists as fields of records. For records: see nxXMLRecord.h.
 //
 //     field("Limits", ListOf("Limit", record._limits)); // an element "Limits", with a "Limit" for each item
 //     field("UT", Items(record._texts));                // a "UT" for each item, among the record's own
