@@ -23,6 +23,7 @@ usage: ./build.sh COMMAND
                           write build/bench/results.json
   fuzz [SECONDS]          run each fuzzer for so long (60)
   lint                    formatting, clang-tidy, layering
+  docs                    make the documentation site: build/docs/site
   install [PREFIX]        install libraries, headers and tool (/usr/local)
 END
 }
@@ -36,15 +37,33 @@ as_root() {
 }
 
 # quietly NAME COMMAND...: what the command says goes to a log, which is shown only when it fails.
+# A step that takes longer than half a minute says where it is.
 quietly() {
-    local log=$log_dir/$1.log
+    local log=$log_dir/$1.log status=0 watcher
     shift
     mkdir -p "$log_dir"
-    if ! "$@" >"$log" 2>&1 </dev/null; then
+    say_progress "$log" &
+    watcher=$!
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    kill "$watcher" 2>/dev/null || true
+    wait "$watcher" 2>/dev/null || true
+    if [ "$status" -ne 0 ]; then
         tail -n 120 "$log" >&2
         printf 'build.sh: failed: %s (all of its output: %s)\n' "$*" "$log" >&2
         return 1
     fi
+}
+
+# say_progress LOG: the last line of the log, each time that a while has passed.
+say_progress() {
+    local sleeper start=$SECONDS
+    trap 'kill "$sleeper" 2>/dev/null; exit' TERM
+    while true; do
+        sleep "${NX_PROGRESS_SECONDS:-30}" &
+        sleeper=$!
+        wait "$sleeper"
+        printf '   %d s: %s\n' "$((SECONDS - start))" "$(tail -n 1 "$1" | tr -d '\r' | cut -c 1-100)"
+    done
 }
 
 library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev libcsv-dev
@@ -52,6 +71,7 @@ library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev
 developer_packages=("${library_packages[@]}" libgtest-dev libxml2-utils parallel pkgconf
     python3-jsonschema)
 bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugixml-dev python3)
+docs_packages=("${library_packages[@]}" doxygen graphviz python3)
 fuzz_packages=("${developer_packages[@]}" clang)
 lint_packages=("${bench_packages[@]}" clang clang-format clang-tidy)
 
@@ -216,6 +236,12 @@ lint() {
     $clean
 }
 
+docs() {
+    need "${docs_packages[@]}"
+    build docs release documentation -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_DOCUMENTATION=ON
+    say "build/docs/site/index.html: $(find build/docs/site -name '*.html' | wc -l) pages"
+}
+
 install_product() {
     local prefix=${1:-/usr/local}
     prefix=$(cd "$caller_dir" && realpath -m -- "$prefix")
@@ -240,6 +266,7 @@ test) run_tests "$@" ;;
 bench) bench "$@" ;;
 fuzz) fuzz "$@" ;;
 lint) lint ;;
+docs) docs ;;
 install) install_product "$@" ;;
 -h | --help | help) usage ;;
 *)
