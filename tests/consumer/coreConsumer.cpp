@@ -18,7 +18,8 @@ int main() {
     static_assert(XMLFRAMEWORK_VERSION >= 10000);
     if (nxVersion::GetLoaded() != nxVersion::Compiled ||
         nxVersion::GetLoadedText() != std::string_view(PACKAGE_VERSION)) {
-        std::cerr << "the package says " PACKAGE_VERSION ", the library " << nxVersion::GetLoadedText() << '\n';
+        std::cerr << "the package says " PACKAGE_VERSION ", the library " << nxVersion::GetLoadedText()
+                  << '\n';
         return 1;
     }
     std::cout << price.GetAsString('.') << '\n';
