@@ -28,7 +28,7 @@ public:
         static std::vector<nxXMLFieldDescription> _Describe();
     };
 
-    static constexpr unsigned int Category = nxXMLCategoryCode("DESK");
+    static constexpr unsigned int Category = nxDataCategoryCode("DESK");
 
     std::string name; // without it the profile is not read
     bool isActive = false;

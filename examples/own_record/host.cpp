@@ -6,6 +6,7 @@
 //
 // usage: own-record-host PLUGIN
 
+#include "core/nxDataCategoryEnum.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
 #include "xmlFramework/xml/nxXMLReport.h"
 
@@ -16,7 +17,7 @@
 #include <string>
 
 namespace {
-    constexpr unsigned int Desk = 0x4445534B; // "DESK"
+    constexpr unsigned int Desk = nxDataCategoryCode("DESK");
 
     constexpr char Document[] = R"(<DeskProfile>
   <Name>Nordic equities</Name>

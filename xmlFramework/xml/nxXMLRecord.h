@@ -17,11 +17,13 @@
 //   Leading, Any, ByKey, ByNumber and KeyedBy
 // - nxXMLFields, what a field of a record's own may do: the concepts on top of nxXMLFields.h, DescribeNumber,
 //   DescribeNumberWithStates and DescribeEnumeration
+// - nxDataCategoryCode, for the category code; codes of the library stand in nxDataCategoryEnum
 // - nxXMLItem and nxXMLReadContext's logPrefix, nxXMLNode's reading operations, nxXMLSink's operations
 //
 // All other names in the headers included here are how these work: they are compiled into whoever uses them,
 // so they stay as they are within a first version number, but not for longer, and nobody should spell them.
 
+#include "core/nxDataCategoryEnum.h"
 #include "xmlFramework/xml/nxXMLConversion.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
 #include "xmlFramework/xml/nxXMLDescription.h"
@@ -30,12 +32,3 @@
 #include "xmlFramework/xml/nxXMLLists.h"
 #include "xmlFramework/xml/nxXMLSink.h"
 #include "xmlFramework/xml/nxXMLTree.h"
-
-// The category code of four characters: nxXMLCategoryCode("DESK"). Codes of the library's own records stand
-// in nxDataCategoryEnum.
-consteval unsigned int nxXMLCategoryCode(const char (&characters)[5]) {
-    unsigned int code = 0;
-    for (unsigned int i = 0; i < 4; ++i)
-        code = code << 8 | static_cast<unsigned char>(characters[i]);
-    return code;
-}
