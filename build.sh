@@ -25,6 +25,7 @@ usage: ./build.sh COMMAND
   fuzz-coverage           the lines of the libraries that the fuzzers' inputs reach
   lint                    formatting, clang-tidy, layering
   coverage                which lines and branches the tests run; build/coverage/report.txt
+  docs                    make the documentation site: build/docs/site
   install [PREFIX]        install libraries, headers and tool (/usr/local)
   package [check]         make Debian packages in build/packages; check: that lintian is content, that another
                           build gives the same bytes, and that they work in a bare Debian 12
@@ -40,15 +41,33 @@ as_root() {
 }
 
 # quietly NAME COMMAND...: what the command says goes to a log, which is shown only when it fails.
+# A step that takes longer than half a minute says where it is.
 quietly() {
-    local log=$log_dir/$1.log
+    local log=$log_dir/$1.log status=0 watcher
     shift
     mkdir -p "$log_dir"
-    if ! "$@" >"$log" 2>&1 </dev/null; then
+    say_progress "$log" &
+    watcher=$!
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    kill "$watcher" 2>/dev/null || true
+    wait "$watcher" 2>/dev/null || true
+    if [ "$status" -ne 0 ]; then
         tail -n 120 "$log" >&2
         printf 'build.sh: failed: %s (all of its output: %s)\n' "$*" "$log" >&2
         return 1
     fi
+}
+
+# say_progress LOG: the last line of the log, each time that a while has passed.
+say_progress() {
+    local sleeper start=$SECONDS
+    trap 'kill "$sleeper" 2>/dev/null; exit' TERM
+    while true; do
+        sleep "${NX_PROGRESS_SECONDS:-30}" &
+        sleeper=$!
+        wait "$sleeper"
+        printf '   %d s: %s\n' "$((SECONDS - start))" "$(tail -n 1 "$1" | tr -d '\r' | cut -c 1-100)"
+    done
 }
 
 library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev libcsv-dev
@@ -56,6 +75,7 @@ library_packages=(cmake ninja-build g++ libxerces-c-dev libicu-dev libspdlog-dev
 developer_packages=("${library_packages[@]}" libgtest-dev libxml2-utils parallel pkgconf
     python3-jsonschema abigail-tools xz-utils)
 bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugixml-dev python3)
+docs_packages=("${library_packages[@]}" doxygen graphviz python3)
 fuzz_packages=("${developer_packages[@]}" clang)
 coverage_packages=("${developer_packages[@]}" gcovr)
 package_packages=("${library_packages[@]}" dpkg-dev file)
@@ -329,6 +349,12 @@ package() {
     as_root tests/package/tryInBareRoot.sh build/packages
 }
 
+docs() {
+    need "${docs_packages[@]}"
+    build docs release documentation -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_DOCUMENTATION=ON
+    say "build/docs/site/index.html: $(find build/docs/site -name '*.html' | wc -l) pages"
+}
+
 install_product() {
     local prefix=${1:-/usr/local}
     prefix=$(cd "$caller_dir" && realpath -m -- "$prefix")
@@ -355,6 +381,7 @@ fuzz) fuzz "$@" ;;
 fuzz-coverage) fuzz_coverage ;;
 lint) lint ;;
 coverage) coverage ;;
+docs) docs ;;
 install) install_product "$@" ;;
 package) package "$@" ;;
 -h | --help | help) usage ;;

@@ -87,6 +87,8 @@ function(nx_add_library name)
     if(XMLFRAMEWORK_DEVELOPER AND CMAKE_BUILD_TYPE STREQUAL "Release")
         target_compile_options(${name} PRIVATE -g) # what the layout of public types is compared by
     endif()
+    # Nor does the linker leave our own functions to others: what is exported is called as what is not.
+    target_link_options(${name} PRIVATE -Wl,-Bsymbolic-functions)
     # The run-time of a sanitizer is in the program, not in the library.
     if(NOT XMLFRAMEWORK_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,-z,defs)

@@ -40,7 +40,7 @@ public:
     // (YYYY-MM-DD, HH:MM:SS) or both in basic form (YYYYMMDD, HHMMSS). Behind a time may stand a fraction,
     // "." and one to nine digits, and "Z" or an offset from UTC (+HH:MM, +HHMM, +HH). There is no hour 24 and
     // no second 60. The empty text is null. Any other text gives nxErrorEnum::ValueNotParsed and leaves
-    // `value` untouched.
+    // `value` untouched. (For the shapes of SetFromString see docs/errors.md.)
     static nxErrorEnum SetFromString(std::string_view text, nxDateTime& value);
 
     auto operator<=>(const nxDateTime&) const = default; // null comes first

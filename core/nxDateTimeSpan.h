@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
+
 #include <chrono>
 
 // A length of time to the nanosecond; may be negative.

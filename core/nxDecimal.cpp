@@ -5,6 +5,7 @@
 
 #include "core/nxStringHelper.h"
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -32,6 +33,9 @@ namespace {
         const std::int64_t power = PowersOfTen[fractionDigits];
         return {units / power, units % power * PowersOfTen[nxDecimal::MaxFractionDigits - fractionDigits]};
     }
+
+    // Holds the units of any two numbers, and of their sum, with the same digits behind the point.
+    __extension__ using Wide = __int128;
 
     constexpr std::uint64_t MaxUnits = std::numeric_limits<std::int64_t>::max();
 
@@ -117,6 +121,33 @@ nxErrorEnum nxDecimal::SetFromString(std::string_view text, char decimalSeparato
     *this = nxDecimal(static_cast<std::int64_t>(isNegative ? 0 - units : units),
                       static_cast<unsigned int>(fraction.size()));
     return nxErrorEnum::OK;
+}
+
+nxErrorEnum nxDecimal::_Add(const nxDecimal& other, int sign) {
+    if (IsNull() || other.IsNull())
+        return nxErrorEnum::InvalidData;
+
+    unsigned int fractionDigits = std::max(_fractionDigits, other._fractionDigits);
+    const auto scaled = [fractionDigits](const nxDecimal& value) {
+        return Wide{value._units} * PowersOfTen[fractionDigits - value._fractionDigits];
+    };
+    Wide units = scaled(*this) + sign * scaled(other);
+    const auto fits = [&units] { return units == static_cast<std::int64_t>(units); };
+    for (; !fits() && fractionDigits > 0 && units % 10 == 0; --fractionDigits)
+        units /= 10;
+    if (!fits())
+        return nxErrorEnum::ValueOutOfRange;
+
+    *this = nxDecimal(static_cast<std::int64_t>(units), fractionDigits);
+    return nxErrorEnum::OK;
+}
+
+nxErrorEnum nxDecimal::Add(const nxDecimal& other) {
+    return _Add(other, 1);
+}
+
+nxErrorEnum nxDecimal::Subtract(const nxDecimal& other) {
+    return _Add(other, -1);
 }
 
 bool operator==(const nxDecimal& left, const nxDecimal& right) {

@@ -25,6 +25,10 @@ public:
     // MaxFractionDigits.
     explicit nxDecimal(std::int64_t units, unsigned int fractionDigits = 0);
 
+    // What the constructor takes. Not to be asked of null.
+    std::int64_t GetUnits() const { return _units; }
+    unsigned int GetFractionDigits() const { return _fractionDigits; }
+
     bool IsNull() const { return _fractionDigits == NullMark; }
     void SetNull() { *this = nxDecimal(); }
 
@@ -40,12 +44,21 @@ public:
     // nxErrorEnum::ValueNotParsed and leaves the value untouched.
     nxErrorEnum SetFromString(std::string_view text, char decimalSeparator);
 
+    // Adds or subtracts exactly. The result has the digits behind the point of the operand with more of them,
+    // so that 1.50 and 0.5 make 2.00, and fewer zeros at its end where it cannot be held otherwise.
+    // nxErrorEnum::ValueOutOfRange when it cannot be held at all, nxErrorEnum::InvalidData when either is
+    // null; the value is untouched then.
+    [[nodiscard]] nxErrorEnum Add(const nxDecimal& other);
+    [[nodiscard]] nxErrorEnum Subtract(const nxDecimal& other);
+
     // By value; null equals null and comes before every number.
     friend NXCORE_API bool operator==(const nxDecimal& left, const nxDecimal& right);
     friend NXCORE_API std::weak_ordering operator<=>(const nxDecimal& left, const nxDecimal& right);
 
 private:
     static constexpr std::uint8_t NullMark = 0xFF;
+
+    nxErrorEnum _Add(const nxDecimal& other, int sign);
 
     std::int64_t _units = 0;
     std::uint8_t _fractionDigits = NullMark;

@@ -41,7 +41,7 @@ public:
     std::string GetLongDescription() const;
 
     // Take the value that the text names, exactly and case-sensitively. False, with the value unchanged, when
-    // the class knows no such text.
+    // the class knows no such text. Other value types give an nxErrorEnum: see docs/errors.md.
     bool SetFromString(std::string_view name);
     bool SetFromShortDescriptionString(std::string_view shortDescription);
 

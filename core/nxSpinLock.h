@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
+
 #include <atomic>
 
 // A lock for sections of a few instructions: waiting threads spin and do not sleep. Not recursive.

@@ -4,8 +4,9 @@
 #
 # checkQuotes.sh SOURCE_DIR
 #
-# Fails unless every code block of the documentation that names its file stands in that file, indentation aside, and
-# unless every relative link leads to a file. A block names its file in the line before it:
+# Fails unless every code block of the documentation that names its file stands in that file, indentation aside, unless
+# every block of C++ in the guide names one that the tests compile, and unless every relative link leads to a file. A
+# block names its file in the line before it:
 #
 #   <!-- from examples/read_record.cpp -->
 set -euo pipefail
@@ -36,6 +37,11 @@ for page in README.md CHANGELOG.md CONTRIBUTING.md docs/*.md docs/*/*.md; do
         fi
     done < <(sed '/^```/,/^```$/d' "$page" | grep -oE '\]\([^)#][^)]*\)' | sed -E 's/^\]\((.*)\)$/\1/' | grep -v '^https\?:' || true)
 done
+if grep -B1 -n '^```cpp' docs/guide/*.md | grep -v '```cpp' | grep -vE -- '-<!-- from (examples|tests)/[^ ]+\.(cpp|h) -->$' |
+    grep -v '^--$'; then
+    echo "(the lines before blocks of C++ that name no file of examples/ or tests/)"
+    bad=1
+fi
 [ "$quotes" -gt 0 ] || { echo "no quotes found"; bad=1; }
 echo "$quotes quotes, $links links"
 exit "$bad"

@@ -29,14 +29,8 @@ namespace {
     }
 
     nxKestrumJobSpec MakeJob() {
-        nxDecimal price;
-        price.SetFromString("101.50", '.');
-        nxKestrumPriceParameter limit;
-        limit.SetName("Limit");
-        limit.SetValue(price);
-        nxKestrumQuantityParameter contracts;
-        contracts.SetName("Contracts");
-        contracts.SetValue(40);
+        const nxKestrumPriceParameter limit("Limit", nxDecimal(10150, 2));
+        const nxKestrumQuantityParameter contracts("Contracts", 40);
         nxKestrumTextParameter style; // not set, so it does not get into the user string
         style.SetName("Style");
 

@@ -54,7 +54,7 @@ public:
     // As GetAsString, but "NO_CHANGE" for no change and, for null, the digits of the reserved value.
     std::string GetAsLogString() const;
     // Reads a number with the decimal separator '.'. On failure the value becomes null and the result is the
-    // parser's, nxErrorEnum::ValueNotParsed.
+    // parser's, nxErrorEnum::ValueNotParsed. Other types keep theirs: see docs/errors.md.
     nxErrorEnum SetFromString(std::string_view text);
 
 private:

@@ -14,6 +14,8 @@ namespace {
          "The element handle is invalid or the value's node is missing"},
         {nxErrorEnum::ValueNotParsed, "VALUE_NOT_PARSED", "Value not parsed",
          "The text is not a value of the type it was read as"},
+        {nxErrorEnum::ValueOutOfRange, "VALUE_OUT_OF_RANGE", "Value out of range",
+         "The result of a calculation cannot be held"},
         {nxErrorEnum::InputNotUsable, "INPUT_NOT_USABLE", "Input not usable",
          "A file could not be opened, or an input row could not be used"},
         {nxErrorEnum::OutputNotWritten, "OUTPUT_NOT_WRITTEN", "Output not written",

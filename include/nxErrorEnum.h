@@ -15,6 +15,7 @@ public:
         InvalidRecord = 1000011,           // a record failed its validation
         ValueNotFound = 1000201,           // an invalid element handle, or the value's node is missing
         ValueNotParsed = 1000202,          // a text is no value of the type it was read as
+        ValueOutOfRange = 1000203,         // the result of a calculation cannot be held
         InputNotUsable = 1003000,          // a file could not be opened, or an input row could not be used
         OutputNotWritten = 1003001,        // a file could not be written
         XMLParseFailed = 1007000,          // the parser reported an error or a warning

@@ -3,8 +3,10 @@
 
 #include "include/nxLog.h"
 
+#include "core/nxDecimal.h"
 #include "core/nxLogManager.h"
 #include "core/nxStringHelper.h"
+#include "include/nxDoubleValueWrapper.h"
 
 #include <cerrno> // program_invocation_short_name
 
@@ -21,9 +23,28 @@ nxLog& nxLog::operator<<(const std::string& text) {
     return *this;
 }
 
+nxLog& nxLog::operator<<(std::string_view text) {
+    _entry += text;
+    return *this;
+}
+
 nxLog& nxLog::operator<<(const nxLogCharLenPair& text) {
     _entry.append(text.GetUnterminatedCharBuffer(), text.GetLength());
     return *this;
+}
+
+nxLog& nxLog::operator<<(char character) {
+    _entry += character;
+    return *this;
+}
+
+nxLog& nxLog::operator<<(bool value) {
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
+}
+
+nxLog& nxLog::operator<<(short value) {
+    return *this << int{value};
 }
 
 nxLog& nxLog::operator<<(int value) {
@@ -36,13 +57,29 @@ nxLog& nxLog::operator<<(unsigned int value) {
     return *this;
 }
 
+nxLog& nxLog::operator<<(long value) {
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
+}
+
+nxLog& nxLog::operator<<(unsigned long value) {
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
+}
+
+nxLog& nxLog::operator<<(long long value) {
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
+}
+
 nxLog& nxLog::operator<<(unsigned long long value) {
     nxStringHelper::AppendAsString(_entry, value);
     return *this;
 }
 
-nxLog& nxLog::operator<<(short value) {
-    return *this << int{value};
+nxLog& nxLog::operator<<(double value) {
+    nxStringHelper::AppendAsString(_entry, value);
+    return *this;
 }
 
 nxLog& nxLog::operator<<(const nxEnum& value) {
@@ -57,6 +94,16 @@ nxLog& nxLog::operator<<(const nxUnsignedValueWrapper& value) {
 
 nxLog& nxLog::operator<<(const nxIntValueWrapper& value) {
     value.AppendAsString(_entry);
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const nxDoubleValueWrapper& value) {
+    _entry += value.GetAsLogString();
+    return *this;
+}
+
+nxLog& nxLog::operator<<(const nxDecimal& value) {
+    value.AppendAsLogString(_entry, '.');
     return *this;
 }
 

@@ -10,6 +10,10 @@
 #include "include/nxValueWrapper.h"
 
 #include <string>
+#include <string_view>
+
+class nxDecimal;
+class nxDoubleValueWrapper;
 
 // One log record: pieces are streamed into it, and the terminator hands it to the log manager. A record that
 // is never terminated is dropped. Ask nxLogManager::ShouldLog before building one, or use nxWriteLog, which
@@ -32,16 +36,28 @@ public:
     // `sourceFile` and `line` say which statement logs. The text behind `sourceFile` must outlive the record.
     nxLog(const nxLogLevelEnum& level, const char* sourceFile, unsigned int line);
 
+    // Texts, of any bytes.
     nxLog& operator<<(const char* text); // not a null pointer
     nxLog& operator<<(const std::string& text);
+    nxLog& operator<<(std::string_view text);
     nxLog& operator<<(const nxLogCharLenPair& text);
+    nxLog& operator<<(char character);
+    // Numbers and flags in the forms of nxStringHelper, whatever the locale.
+    nxLog& operator<<(bool value);
+    nxLog& operator<<(short value);
     nxLog& operator<<(int value);
     nxLog& operator<<(unsigned int value);
+    nxLog& operator<<(long value);
+    nxLog& operator<<(unsigned long value);
+    nxLog& operator<<(long long value);
     nxLog& operator<<(unsigned long long value);
-    nxLog& operator<<(short value);
+    nxLog& operator<<(double value);
     nxLog& operator<<(const nxEnum& value);                 // its text
     nxLog& operator<<(const nxUnsignedValueWrapper& value); // decimal, "NULL" or "NO_CHANGE"
     nxLog& operator<<(const nxIntValueWrapper& value);      // likewise
+    nxLog& operator<<(const nxDoubleValueWrapper& value);   // its GetAsLogString
+    nxLog& operator<<(const nxDecimal& value);              // with '.', "NULL" for null
+    nxLog& operator<<(const void* pointer) = delete;        // would be taken for a flag
     nxLog& operator<<(const nxLogDestinationUserID& destination);
     nxLog& operator<<(const nxLogSourceApplicationDestUserID& destination);
     nxLog& operator<<(const nxLogTerminator& terminator);

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
+
 #include <algorithm>
 #include <memory>
 #include <utility>

@@ -17,7 +17,8 @@
 
 // A number that can also be null (never set) or "no change" (in an update: leave the stored value alone). The
 // two states are the reserved values Null and NoChange of the type itself, so comparisons, which look at the
-// raw value only, order them like any other value.
+// raw value only, order them like any other value. For the shapes that IsValid and SetFromString have from
+// class to class see docs/errors.md.
 template <class T, T Null, T NoChange>
 class NXCORE_API nxValueWrapper {
 public:

@@ -44,6 +44,7 @@ awk -v public_headers="$public_headers" -v files="$scratch/files" -v edges="$scr
         if (count == 0) { print public_headers ": no public headers"; bad = 1 }
     }
     $3 == "\"" {
+        if ($1 ~ /^examples\/own_record\// && ("examples/own_record/" $4) in exists) next # a project of its own
         if (!($4 in exists)) { fail("\"" $4 "\" is no file of the project (spell it from the top folder)"); next }
         print $1, $4 > edges
         if (rank($4) > rank($1)) fail("\"" $4 "\" lies in a higher layer")

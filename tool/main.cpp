@@ -5,6 +5,7 @@
 // identifier codes. docs/tool.md describes it.
 
 #include "core/nxLogLevelEnum.h"
+#include "core/nxVersion.h"
 #include "tool/collectedLog.h"
 #include "tool/color.h"
 #include "tool/commands.h"
@@ -47,7 +48,7 @@ namespace {
     ExitStatus RunCommandLine(int argc, const char* const* argv) {
         CLI::App program("Looks at exchange reference data and specification records in XML.",
                          "xmlframework");
-        program.set_version_flag("--version", "xmlframework " NX_VERSION);
+        program.set_version_flag("--version", std::string("xmlframework ") + nxVersion::GetLoadedText());
         program.require_subcommand(1);
         program.fallthrough();
         std::string logLevel = nxLogLevelEnum(nxLogLevelEnum::Warning).GetShortDescription();

@@ -3,5 +3,7 @@
 
 #pragma once
 
+#include "core/nxCoreExport.h"
+
 // Marks what libXMLFramework exports; everything else is built with hidden visibility.
 #define XMLFRAMEWORK_API __attribute__((visibility("default")))

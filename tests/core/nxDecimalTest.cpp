@@ -28,6 +28,13 @@ namespace {
             value *= 10;
         return value;
     }
+
+    // Whether some number of digits behind the point makes 64 bits of it.
+    bool CanBeHeld(Wide value) {
+        for (unsigned int digits = nxDecimal::MaxFractionDigits; digits > 0 && value % 10 == 0; --digits)
+            value /= 10;
+        return value >= Min && value <= Max;
+    }
 } // namespace
 
 TEST(nxDecimalText, KeepsTheDigitsItWasGiven) {
@@ -109,5 +116,46 @@ TEST(nxDecimalProperty, AnyNumberReadsBackAndComparesAsExactArithmeticDoes) {
         ASSERT_EQ(read, left);
         const std::weak_ordering order = Exact(leftUnits, leftDigits) <=> Exact(rightUnits, rightDigits);
         ASSERT_EQ(left <=> right, order) << left.GetAsString('.') << " and " << right.GetAsString('.');
+
+        // A wrong sum, a missing one and one that is not untouched after a failure all show here.
+        nxDecimal sum = left;
+        const Wide exact = Exact(leftUnits, leftDigits) + Exact(rightUnits, rightDigits);
+        const bool isHeld = sum.Add(right).IsOK();
+        ASSERT_EQ(Exact(sum.GetUnits(), sum.GetFractionDigits()),
+                  isHeld ? exact : Exact(leftUnits, leftDigits));
+        ASSERT_EQ(isHeld, CanBeHeld(exact)) << left.GetAsString('.') << " and " << right.GetAsString('.');
     }
+}
+
+TEST(nxDecimalAdd, KeepsTheDigitsAndSaysWhatItCannotHold) {
+    const struct {
+        nxDecimal left;
+        nxDecimal right;
+        const char* sum;
+        const char* difference;
+    } cases[] = {
+        {Decimal("1.50"), Decimal("0.5"), "2.00", "1.00"},
+        {Decimal("0.1"), Decimal("0.2"), "0.3", "-0.1"},
+        {nxDecimal(Max), Decimal("0.000"), "9223372036854775807", "9223372036854775807"},
+        {nxDecimal(Max), Decimal("0.1"), nullptr, nullptr},
+        {nxDecimal(Max), nxDecimal(1), nullptr, "9223372036854775806"},
+        {nxDecimal(0), nxDecimal(Min), "-9223372036854775808", nullptr},
+        {nxDecimal(Min, 18), nxDecimal(Min, 18), nullptr, "0.000000000000000000"},
+    };
+    const auto expect = [](nxErrorEnum (nxDecimal::*operation)(const nxDecimal&), nxDecimal left,
+                           const nxDecimal& right, const char* text) {
+        const std::string before = left.GetAsString('.');
+        EXPECT_EQ((left.*operation)(right), text ? nxErrorEnum::OK : nxErrorEnum::ValueOutOfRange) << before;
+        EXPECT_EQ(left.GetAsString('.'), text ? text : before) << right.GetAsString('.');
+    };
+    for (const auto& [left, right, sum, difference] : cases) {
+        expect(&nxDecimal::Add, left, right, sum);
+        expect(&nxDecimal::Subtract, left, right, difference);
+    }
+
+    nxDecimal null;
+    nxDecimal one(1);
+    EXPECT_EQ(null.Add(one), nxErrorEnum::InvalidData);
+    EXPECT_EQ(one.Add(null), nxErrorEnum::InvalidData);
+    EXPECT_EQ(one, nxDecimal(1));
 }

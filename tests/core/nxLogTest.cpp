@@ -4,8 +4,10 @@
 #include "include/nxLog.h"
 
 #include "core/nxDateTime.h"
+#include "core/nxDecimal.h"
 #include "core/nxLogManager.h"
 #include "include/nxConsoleLogDevice.h"
+#include "include/nxDoubleValueWrapper.h"
 #include "include/nxErrorEnum.h"
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
@@ -52,6 +54,26 @@ TEST(nxLogRecord, IsTheTextOfItsPiecesInOrder) {
     EXPECT_EQ(log.GetLineNumber(), 42U);
     EXPECT_LE(log.GetTimeStamp(), nxTimeStamp::Now());
 }
+
+TEST(nxLogRecord, TakesEveryValueInItsOwnTextForm) {
+    using Limits = std::numeric_limits<long long>;
+    nxLog log(nxLogLevels::Error, SourceFile, 42);
+    char buffer[] = "buffer";
+    buffer[3] = '\0';
+    const auto pieces = [&log](const auto&... values) { ((log << values << ' '), ...); };
+    pieces(true, 'c', std::string_view("view"), buffer, long{-1}, 2UL, Limits::min(), std::size_t{3}, 0.1,
+           1e22, 0.25F, nxDoubleValueWrapper(1.5), nxDecimal(150, 2), nxDecimal());
+    pieces(std::uint8_t{7}, std::int64_t{-8}, nxLogLevelEnum::Error);
+    EXPECT_EQ(log.GetLogEntry(), "true c view buf -1 2 -9223372036854775808 3 0.1 1e+22 0.25 1.5 1.50 NULL "
+                                 "7 -8 37 ");
+}
+
+template <class T>
+concept IsStreamed = requires(nxLog& log, T value) {
+    log << value;
+};
+static_assert(IsStreamed<const char*> && IsStreamed<bool> && IsStreamed<unsigned short>);
+static_assert(!IsStreamed<const int*> && !IsStreamed<void*>, "a pointer is no flag");
 
 TEST(nxLogRecord, IsAddressedByTheDestinationsStreamedIntoIt) {
     nxLog log(nxLogLevels::Error, SourceFile, 42);

@@ -42,6 +42,15 @@ namespace {
     }
 } // namespace
 
+TEST(nxKestrumParameterConstructor, TakesNameAndValue) {
+    const nxKestrumPriceParameter price("Limit price", nxDecimal(10150, 2));
+    EXPECT_EQ(price.GetName(), "Limit price");
+    EXPECT_EQ(TextOf(price), "101.50");
+    EXPECT_EQ(TextOf(nxKestrumQuantityParameter("Contracts", 40)), "40");
+    EXPECT_EQ(TextOf(nxKestrumTextParameter("Note", "roll")), "roll");
+    EXPECT_EQ(TextOf(nxKestrumBooleanParameter("On", nxBoolEnum::True)), "true");
+}
+
 TEST(nxKestrumParameterCreateInstance, LogsATypeWithoutClass) {
     const struct {
         unsigned int type;

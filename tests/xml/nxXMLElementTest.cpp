@@ -9,6 +9,7 @@
 #include "xmlFramework/xml/nxXMLDocument.h"
 
 #include <gtest/gtest.h>
+#include <xercesc/dom/DOMException.hpp>
 
 #include <string>
 #include <tuple>
@@ -134,12 +135,18 @@ TEST(nxXMLElementAddChildValue, TakesNoNumberThatWouldBeCutToAnotherOne) {
     static_assert(!takes(101.75) && !takes(101.75F) && !takes(1U) && !takes(std::size_t{1}) && !takes(true));
 }
 
-TEST(nxXMLElementAddChildElement, LetsTheParsersExceptionForABadNameThrough) {
+TEST(nxXMLElementAddChildElement, ThrowsForABadNameWhatUsersAndUsersOfTheParserCatch) {
     Loaded xml;
     for (const char* name : {"a b", "", "1", "<"}) {
-        EXPECT_ANY_THROW(xml.root.AddChildElement(name)) << name;
-        EXPECT_ANY_THROW(xml.root.AddChildValue(name, 1L)) << name;
-        EXPECT_ANY_THROW(xml.root.SetAttribute(name, "x")) << name;
+        EXPECT_THROW(xml.root.AddChildElement(name), nxXMLException) << name;
+        EXPECT_THROW(xml.root.AddChildValue(name, 1L), std::exception) << name;
+        EXPECT_THROW(xml.root.SetAttribute(name, "x"), nxXMLException) << name;
+        EXPECT_THROW(xml.root.AddChildElement(name), xercesc::DOMException) << name;
+    }
+    try {
+        xml.root.AddChildElement("Leg 1");
+    } catch (const std::exception& error) {
+        EXPECT_STREQ(error.what(), "'Leg 1' is no XML name");
     }
     EXPECT_EQ(xml.Save(), "<r/>");
 }

@@ -22,7 +22,8 @@ struct nxXMLReadContext;
 class XMLFRAMEWORK_API nxKestrumLimit {
 public:
     nxKestrumLimit() = default; // every quantity 0, every flag false, no account
-    // The flags are false. The text is ignored.
+    // The flags are false. Note the order: short before long, buys before sells. `ignoredText` is a place in
+    // the signature and nothing else: whatever is passed is dropped; pass "".
     nxKestrumLimit(const std::string& productID, unsigned int maxShort, unsigned int maxLong,
                    unsigned int maxBuys, unsigned int maxSells, unsigned int clipLimit,
                    const std::string& ignoredText, const nxUnsignedValueWrapper& accountID);

@@ -102,6 +102,10 @@ nxKestrumParameterTemplate<ID, T>::nxKestrumParameterTemplate() {
 }
 
 template <unsigned int ID, class T>
+nxKestrumParameterTemplate<ID, T>::nxKestrumParameterTemplate(const std::string& name, const T& value)
+    : nxKestrumParameter(name), _value(value) {}
+
+template <unsigned int ID, class T>
 nxKestrumParameterTemplate<ID, T>* nxKestrumParameterTemplate<ID, T>::CopyInstance() const {
     return new nxKestrumParameterTemplate(*this);
 }

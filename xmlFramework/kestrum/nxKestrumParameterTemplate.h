@@ -12,7 +12,9 @@
 
 #include <string>
 
-// The parameter of the type numbered `ID`, with a value of type `T`. Null after construction.
+// The parameter of the type numbered `ID`, with a value of type `T`. Null unless constructed with a value:
+//
+//     nxKestrumPriceParameter price("Limit price", nxDecimal(10150, 2)); // 101.50
 //
 // Texts by value type:
 //
@@ -33,6 +35,7 @@ template <unsigned int ID, class T>
 class XMLFRAMEWORK_API nxKestrumParameterTemplate : public nxKestrumParameter {
 public:
     nxKestrumParameterTemplate();
+    nxKestrumParameterTemplate(const std::string& name, const T& value);
     nxKestrumParameterTemplate(const nxKestrumParameterTemplate&) = default;
     nxKestrumParameterTemplate& operator=(const nxKestrumParameterTemplate&) = default;
 

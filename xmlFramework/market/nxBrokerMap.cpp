@@ -39,7 +39,6 @@ public:
 
     explicit Brokers(nxBrokerMap& map) : _map(map) {}
 
-    void Reserve(std::size_t count) { _map._idsByName.reserve(_map._idsByName.size() + count); }
     // As SetBrokerIDAndName does; documents mostly have their brokers in order.
     const char* Add(const Broker& broker) {
         const IsNew isNew = _map._Set(broker.id, std::string(broker.name));

@@ -9,7 +9,6 @@
 #include <map>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 // The platform's brokers: numeric IDs and names, looked up both ways. Category BROK, document "BrokerMap".
 class XMLFRAMEWORK_API nxBrokerMap : public nxXMLDataObject {
@@ -59,6 +58,6 @@ private:
 
     static const bool _registered;
 
-    std::unordered_map<std::string, nxUnsignedValueWrapper> _idsByName;
+    std::map<std::string, nxUnsignedValueWrapper> _idsByName; // no hash: names may be made for it
     BrokerIDMap _namesByID;
 };

@@ -28,7 +28,8 @@ public:
 
     bool operator==(const nxTradingHoursSchemeList& other) const { return _schemes == other._schemes; }
 
-    // The first result, in key order, of a scheme that is not valid.
+    // The first result, in key order, of a scheme that is not valid. (For the shapes of IsValid see
+    // docs/errors.md.)
     virtual nxErrorEnum IsValid() const;
 
     Schemes& GetTradingHoursSchemes() { return _schemes; }

@@ -111,7 +111,8 @@ public:
     nxErrorEnum ConvertFromXML(nxXMLElement& element, const std::string& logPrefix);
     nxErrorEnum ConvertToXML(nxXMLElement& element, const std::string& logPrefix);
 
-    // Whether the settings make sense together. What does not is logged, after `logPrefix`.
+    // Whether the settings make sense together. What does not is logged, after `logPrefix`. (For the shapes
+    // of IsValid see docs/errors.md.)
     bool IsValid(const std::string& logPrefix) const;
 
     std::string GetAsLogString() const;

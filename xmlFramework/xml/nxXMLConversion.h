@@ -5,6 +5,7 @@
 
 #include "include/nxErrorEnum.h"
 #include "include/nxWriteLog.h"
+#include "xmlFramework/nxXMLFrameworkExport.h"
 #include "xmlFramework/xml/nxXMLDescription.h"
 #include "xmlFramework/xml/nxXMLItem.h"
 #include "xmlFramework/xml/nxXMLSink.h"
@@ -18,7 +19,7 @@
 class nxXMLElement;
 class nxXMLNotes;
 
-// Between records and what their texts come from and go to. Private to the library.
+// Between records and what their texts come from and go to. For records: see nxXMLRecord.h.
 namespace nxXMLConversion {
     // What a record says of itself where it reads a document.
     struct Source {
@@ -29,7 +30,7 @@ namespace nxXMLConversion {
     };
 
     // A document while a record is read from it.
-    class Reading {
+    class XMLFRAMEWORK_API Reading {
     public:
         Reading(const std::string& xml, const Source& source);
         ~Reading();
@@ -70,12 +71,13 @@ namespace nxXMLConversion {
 
     // Writes a document to `xmlOut`: a root element of that name with what `fill` writes in it. On failure
     // `xmlOut` is untouched: nxErrorEnum::XMLTextNotCarried, logged, when something cannot be carried.
-    nxErrorEnum Save(std::string_view rootName, std::string& xmlOut,
-                     const std::function<void(nxXMLSink& sink)>& fill);
+    XMLFRAMEWORK_API nxErrorEnum Save(std::string_view rootName, std::string& xmlOut,
+                                      const std::function<void(nxXMLSink& sink)>& fill);
 
     // An element of a user's as a tree, and what writes below it.
-    void LoadElement(nxXMLTree& tree, const nxXMLElement& element);
-    nxErrorEnum SaveBelow(const nxXMLElement& element, const std::function<void(nxXMLSink& sink)>& fill);
+    XMLFRAMEWORK_API void LoadElement(nxXMLTree& tree, const nxXMLElement& element);
+    XMLFRAMEWORK_API nxErrorEnum SaveBelow(const nxXMLElement& element,
+                                           const std::function<void(nxXMLSink& sink)>& fill);
 
     // Items that users read from and write to elements of their own.
     template <class Item>

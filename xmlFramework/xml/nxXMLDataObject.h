@@ -28,8 +28,9 @@ public:
 
     // Writes the record as XML in UTF-8, without declaration and without line ends but the line feeds within
     // its texts, in place of what `xmlOut` holds, which must not be a text of the record itself. The second
-    // argument is ignored. On failure `xmlOut` is untouched; nxErrorEnum::XMLTextNotCarried says that a name
-    // or a text in the record cannot stand in an XML document.
+    // argument is ignored, by every record: pass "". On failure `xmlOut` is untouched;
+    // nxErrorEnum::XMLTextNotCarried says that a name or a text in the record cannot stand in an XML
+    // document.
     [[nodiscard]] virtual nxErrorEnum ConvertToXML(std::string& xmlOut, const std::string&) = 0;
 
     // The class's category code.

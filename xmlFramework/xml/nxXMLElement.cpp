@@ -4,6 +4,7 @@
 #include "xmlFramework/xml/nxXMLElement.h"
 
 #include "core/nxStringHelper.h"
+#include "xmlFramework/xml/nxXMLException.h"
 #include "xmlFramework/xml/nxXMLMemory.h"
 #include "xmlFramework/xml/nxXMLNotCarried.h"
 #include "xmlFramework/xml/nxXMLText.h"
@@ -58,6 +59,24 @@ namespace {
             element = ElementFrom(element->getNextSibling());
         return element;
     }
+
+    // What leaves for a name that is none: for users of the library, and for users of the parser.
+    class BadName final : public nxXMLException, public DOMException {
+    public:
+        BadName(std::string_view name, const DOMException& error)
+            : nxXMLException("'" + std::string(name) + "' is no XML name"), DOMException(error) {}
+    };
+
+    // What `make` makes with the name.
+    template <class Make>
+    auto Named(std::string_view name, const Make& make) {
+        try {
+            return make();
+        } catch (const DOMException& error) {
+            throw BadName(name, error);
+        }
+    }
+
     // Hands back a node that is no longer in its document. Where there is no memory for that it stays with
     // the document's own.
     void Release(DOMNode& node) {
@@ -104,13 +123,14 @@ namespace {
             element.appendChild(text);
     }
 
-    void ReplaceAttribute(DOMElement& element, const char16_t* name, const char16_t* value) {
-        DOMAttr* const attribute = element.getOwnerDocument()->createAttribute(name);
+    void ReplaceAttribute(DOMElement& element, DOMAttr* attribute, const char16_t* value) {
         attribute->setValue(value);
         if (DOMAttr* const before = element.setAttributeNode(attribute))
             Release(*before);
     }
 } // namespace
+
+nxXMLException::~nxXMLException() = default;
 
 nxXMLElement::~nxXMLElement() = default;
 
@@ -176,7 +196,7 @@ nxXMLElement nxXMLElement::_AddChild(std::string_view name, const nxXMLText* val
 
     return nxXMLMemory::Guarded([&]() -> nxXMLElement {
         DOMDocument* const document = _element->getOwnerDocument();
-        DOMElement* const child = document->createElement(childName.Get());
+        DOMElement* const child = Named(name, [&] { return document->createElement(childName.Get()); });
         nxXMLElement handle(child);
         if (value && !handle._Accept(*value, "a text")) {
             Release(*child);
@@ -323,7 +343,11 @@ nxErrorEnum nxXMLElement::_SetAttributeText(std::string_view name, const nxXMLTe
     if (!_Accept(attribute, "an attribute's name") || !_Accept(value, "an attribute's value"))
         return nxErrorEnum::XMLTextNotCarried;
 
-    nxXMLMemory::Guarded([&] { ReplaceAttribute(*_element, attribute.Get(), value.Get()); });
+    nxXMLMemory::Guarded([&] {
+        DOMDocument* const document = _element->getOwnerDocument();
+        ReplaceAttribute(*_element, Named(name, [&] { return document->createAttribute(attribute.Get()); }),
+                         value.Get());
+    });
     return nxErrorEnum::OK;
 }
 

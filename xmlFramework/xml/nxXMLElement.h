@@ -6,6 +6,7 @@
 #include "core/nxDecimal.h"
 #include "include/nxErrorEnum.h"
 #include "xmlFramework/nxXMLFrameworkExport.h"
+#include "xmlFramework/xml/nxXMLException.h" // for who catches it
 #include "xmlFramework/xml/nxXercesForward.h"
 
 #include <concepts>
@@ -24,8 +25,8 @@ class nxXMLText;
 // Operations that return nxErrorEnum give nxErrorEnum::ValueNotFound for an invalid handle. Those that put
 // text into the document give nxErrorEnum::XMLTextNotCarried for a text that XML 1.0 cannot carry (a control
 // character other than tab, line feed and carriage return, U+FFFE, U+FFFF, bytes that are no UTF-8): nothing
-// is put in then, and the document refuses to be saved. A name that is no XML name lets the parser's
-// exception through.
+// is put in then, and the document refuses to be saved. A name that is no XML name ("Leg 1") makes them
+// throw nxXMLException, with nothing put in: names are mostly a program's own, and such a one is its fault.
 class XMLFRAMEWORK_API nxXMLElement {
 public:
     nxXMLElement() = default; // invalid
@@ -61,7 +62,8 @@ public:
     nxXMLElement FindNextChildElement(std::string_view name, const nxXMLElement& after) const;
 
     // Building: appends a child, with a text where a value is given. Invalid, with nothing appended, for an
-    // invalid handle and for a name or a text that XML cannot carry.
+    // invalid handle and for a name or a text of characters that XML cannot carry. Throws nxXMLException for
+    // a name that is no XML name, as SetAttribute does.
     nxXMLElement AddChildElement(std::string_view name);
     nxXMLElement AddChildElement(std::string_view name, std::string_view value);
     nxXMLElement AddChildElement(std::string_view name, const std::wstring& value);

@@ -24,7 +24,7 @@
 #include <utility>
 #include <vector>
 
-// The verbs with which records read and write their fields. Private to the library.
+// The verbs with which records read and write their fields. For records: see nxXMLRecord.h.
 //
 // A record states its fields once, in the order of its document, as a function that hands each field's name
 // and member to a visitor:

@@ -19,7 +19,8 @@ struct nxXMLReadContext {
     nxXMLNotes* notes = nullptr;  // when somebody wants to know what becomes of each element
 };
 
-// The way from a list to its items, which keep these to themselves. Private to the library.
+// The way from a list to its items, which keep these to themselves and have this as a friend. For records:
+// see nxXMLRecord.h.
 struct nxXMLItem {
     template <class Item>
     static nxErrorEnum Read(Item& item, const nxXMLNode& node, const nxXMLReadContext& context) {

@@ -11,11 +11,10 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
-// Lists as fields of records. Private to the library.
+// Lists as fields of records. For records: see nxXMLRecord.h.
 //
 //     field("Limits", ListOf("Limit", record._limits)); // an element "Limits", with a "Limit" for each item
 //     field("UT", Items(record._texts));                // a "UT" for each item, among the record's own
@@ -281,18 +280,8 @@ namespace nxXMLFields {
         }
 
         // Room for as many items as there are children.
-        void Reserve(const nxXMLNode& parent) {
-            if constexpr (requires { _items.Reserve(std::size_t()); }) {
-                std::size_t count = 0;
-                for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext())
-                    ++count;
-                _items.Reserve(count);
-            }
-        }
-
         nxErrorEnum ReadInOrder(const nxXMLNode& parent, std::string_view name,
                                 const nxXMLReadContext& context) {
-            Reserve(parent);
             for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
                 if (!Children::IsItem(child, name)) {
                     if (!Children::EndsAtOthers)
@@ -311,8 +300,7 @@ namespace nxXMLFields {
                                  const nxXMLReadContext& context) {
             std::string wanted(name);
             nxXMLNode child = parent.GetFirstChild();
-            std::unordered_map<std::string_view, nxXMLNode>
-                others; // the first of each name, once one is out of order
+            std::map<std::string_view, nxXMLNode> others; // the first of each name, once one is out of order
             for (std::size_t number = 0;; ++number) {
                 wanted.resize(name.size());
                 nxStringHelper::AppendAsString(wanted, number);

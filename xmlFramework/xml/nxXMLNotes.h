@@ -14,8 +14,8 @@
 #include <vector>
 
 // What is noted of the elements of a tree while a record is read from them, when somebody wants to know. From
-// the notes follows what became of every element. Private to the library.
-class nxXMLNotes {
+// the notes follows what became of every element. The verbs take them; no record calls them.
+class XMLFRAMEWORK_API nxXMLNotes {
 public:
     using Kind = nxXMLFieldDescription::Kind;
     using ItemNames = nxXMLFieldDescription::ItemNames;

@@ -4,16 +4,17 @@
 #pragma once
 
 #include "include/nxErrorEnum.h"
+#include "xmlFramework/nxXMLFrameworkExport.h"
 
 #include <string_view>
 
-// What records write themselves to, element by element in the order of their document. Private to the
-// library.
+// What records write themselves to, element by element in the order of their document. For records:
+// see nxXMLRecord.h.
 //
-// Names of fields and attributes are the library's own and are XML names. A name that is made of data may be
-// none: it is Start that looks. Once something could not be carried, what follows may be dropped; nobody need
-// ask before the end.
-class nxXMLSink {
+// Names of fields and attributes are the record's own and must be XML names. A name that is made of data may
+// be none: it is Start that looks. Once something could not be carried, what follows may be dropped; nobody
+// need ask before the end.
+class XMLFRAMEWORK_API nxXMLSink {
 public:
     nxXMLSink() = default;
     nxXMLSink(const nxXMLSink&) = delete;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "xmlFramework/nxXMLFrameworkExport.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -53,11 +55,11 @@ public:
     // Child elements, in order.
     nxXMLNode GetFirstChild() const;
     nxXMLNode GetNext() const; // the sibling behind this element
-    nxXMLNode FindChild(std::string_view name) const;
-    nxXMLNode FindNext(std::string_view name) const; // among the siblings behind
+    XMLFRAMEWORK_API nxXMLNode FindChild(std::string_view name) const;
+    XMLFRAMEWORK_API nxXMLNode FindNext(std::string_view name) const; // among the siblings behind
 
     // The empty text for an attribute that is not there.
-    std::string_view GetAttribute(std::string_view name) const;
+    XMLFRAMEWORK_API std::string_view GetAttribute(std::string_view name) const;
     // Calls take(name, value) for each attribute, in order.
     template <class Take>
     void ForEachAttribute(Take&& take) const;
@@ -91,7 +93,8 @@ struct nxXMLNode::Element {
     Attribute* attributes;
 };
 
-// A document's elements, attributes and texts in UTF-8, as records read them. Private to the library.
+// A document's elements, attributes and texts in UTF-8, as records read them. Records get nodes of it;
+// what makes and fills trees is the library's.
 //
 // Whoever fills a tree adds elements from the root down, in the order of the document. Names and texts are
 // views: into an input that outlives the tree, or into memory of the tree's own, see Keep. None may have 4
@@ -101,8 +104,8 @@ public:
     using Attribute = nxXMLNode::Attribute;
     using Element = nxXMLNode::Element;
 
-    nxXMLTree();
-    ~nxXMLTree();
+    XMLFRAMEWORK_API nxXMLTree();
+    XMLFRAMEWORK_API ~nxXMLTree();
     nxXMLTree(const nxXMLTree&) = delete;
     nxXMLTree& operator=(const nxXMLTree&) = delete;
 
