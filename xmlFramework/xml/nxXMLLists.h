@@ -279,7 +279,6 @@ namespace nxXMLFields {
                 context.notes->Ends(parent, "left out, as '" + std::string(name) + "' before it " + what);
         }
 
-        // Room for as many items as there are children.
         nxErrorEnum ReadInOrder(const nxXMLNode& parent, std::string_view name,
                                 const nxXMLReadContext& context) {
             for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
