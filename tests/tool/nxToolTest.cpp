@@ -315,6 +315,14 @@ TEST_F(nxTool, NamesEachRowThatItCannotUseAndUsesTheOthers) {
         "DESCRIPTION, ACRONYM, STATUS DATE or LAST UPDATE DATE, STATUS, CREATION DATE, COMMENTS; it has "
         "'MIC', 'b', 'city', 'Website'\n");
     EXPECT_FALSE(exists(_folder / "other.xml"));
+    const std::string header = Header13;
+    for (const auto& [csv, ending] :
+         {std::pair(std::string(2000, 'x'), "; it has '" + std::string(999, 'x') + "...\n"),
+          std::pair("STATUS," + header, std::string(": two columns for STATUS\n"))}) {
+        _Write("other.csv", csv);
+        const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
+        EXPECT_TRUE(problem.ends_with(ending)) << problem;
+    }
 }
 
 TEST_F(nxTool, UpdatesDefinitionsAndTellsWhatChanges) {

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-FileCopyrightText: The XMLFramework authors
 # SPDX-License-Identifier: Apache-2.0
-"""Compares what `show` says of the examples of all format pages with what is stored in tests/tool/shown.
+"""Compares what the tool says of the examples of all format pages, and of the documents in tests/tool/shown, with what
+is stored there.
 
 usage: shown.py TOOL [store]
 
@@ -18,33 +19,38 @@ FORMATS = pathlib.Path(__file__).resolve().parents[2] / "docs" / "formats"
 STORED = pathlib.Path(__file__).resolve().parent / "shown"
 
 
-def shown(tool, document):
+def said(tool, folder, *arguments):
+    run = subprocess.run([tool, *arguments], cwd=folder, capture_output=True, text=True, check=False)
+    return f"$ xmlframework {' '.join(arguments)}\n{run.stdout}{run.stderr}(exit status {run.returncode})\n"
+
+
+def shown(tool, document, *more):
     """As a table, and as a table of what differs from the same record without anything in it."""
     with tempfile.TemporaryDirectory() as folder:
         full, empty = pathlib.Path(folder, "full.xml"), pathlib.Path(folder, "empty.xml")
         full.write_text(document, encoding="utf-8")
         empty.write_text("<%s/>" % re.search(r"<([A-Za-z][^\s/>]*)", document)[1], encoding="utf-8")
-        text = ""
-        for arguments in (["show", "full.xml"], ["diff", "empty.xml", "full.xml"]):
-            run = subprocess.run([tool, *arguments], cwd=folder, capture_output=True, text=True, check=False)
-            text += f"$ xmlframework {' '.join(arguments)}\n{run.stdout}{run.stderr}(exit status {run.returncode})\n"
-        return text
+        commands = [["show", "full.xml"], ["diff", "empty.xml", "full.xml"], *more]
+        return "".join(said(tool, folder, *command) for command in commands)
 
 
 def main():
     tool = sys.argv[1]
     different = 0
     examples = 0
+    texts = {}
     for page in sorted(FORMATS.glob("*.md")):
-        text = ""
         for document in re.findall(r"```xml [^\n ]+\n(<.*?)```", page.read_text(encoding="utf-8"), re.DOTALL):
             examples += 1
-            text += shown(tool, document)
-        stored = STORED / (page.stem + ".txt")
+            texts[page.stem] = texts.get(page.stem, "") + shown(tool, document)
+    for page in sorted(STORED.glob("*.xml")):
+        examples += 1
+        texts[page.stem] = shown(tool, page.read_text(encoding="utf-8"), ["check", "--complete", "full.xml"],
+                                 ["show", "--format", "json", "full.xml"], ["convert", "--pretty", "full.xml"])
+    for stem, text in texts.items():
+        stored = STORED / (stem + ".txt")
         if "store" in sys.argv[2:]:
-            STORED.mkdir(exist_ok=True)
-            if text:
-                stored.write_text(text, encoding="utf-8")
+            stored.write_text(text, encoding="utf-8")
             continue
         before = stored.read_text(encoding="utf-8") if stored.exists() else ""
         if text != before:
