@@ -209,17 +209,32 @@ def choose(arguments):
     return faults
 
 
+def survivors_of(results):
+    """What no test saw then, where that line stands now; without those whose line is gone."""
+    faults = []
+    for entry in json.loads(results.read_text())["faults"]:
+        if entry.pop("seen_by"):
+            continue
+        lines = (ROOT / entry["path"]).read_text().split("\n")
+        places = [number for number, line in enumerate(lines, 1) if line == entry["before"]]
+        if places:
+            entry["line"] = min(places, key=lambda place: abs(place - entry["line"]))
+            faults.append(Fault(**entry))
+    return faults
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("--count", type=int, default=300, help="faults that compile (300)")
     parser.add_argument("--seed", type=int, default=1, help="of the choice (1)")
     parser.add_argument("--only", default="", metavar="PATTERN", help="in files whose name this pattern finds")
     parser.add_argument("--jobs", type=int, default=2, help="copies of the tree to work in (2)")
+    parser.add_argument("--again", type=pathlib.Path, metavar="RESULTS", help="those that survived then, no others")
     parser.add_argument("--output", type=pathlib.Path, default=ROOT / "build/mutate/results.json")
     parser.add_argument("--list", action="store_true", help="show the faults, plant none")
     arguments = parser.parse_args()
 
-    faults = choose(arguments)
+    faults = survivors_of(arguments.again) if arguments.again else choose(arguments)
     if arguments.list:
         for folder, number in sorted(collections.Counter(fault.folder for fault in faults).items()):
             print(f"{folder:20} {number:6}")

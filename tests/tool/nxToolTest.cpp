@@ -318,7 +318,7 @@ TEST_F(nxTool, NamesEachRowThatItCannotUseAndUsesTheOthers) {
     const std::string header = Header13;
     for (const auto& [csv, ending] :
          {std::pair(std::string(2000, 'x'), "; it has '" + std::string(999, 'x') + "...\n"),
-          std::pair("STATUS," + header, std::string(": two columns for STATUS\n"))}) {
+          std::pair("STATUS," + header, std::string("\n  two columns for STATUS\n"))}) {
         _Write("other.csv", csv);
         const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
         EXPECT_TRUE(problem.ends_with(ending)) << problem;

@@ -174,6 +174,7 @@ namespace {
                 nxFormatExamples::WithRecord(example.record, [&](auto& record) {
                     EXPECT_EQ(record.ConvertFromXML(example.xml, ""), nxErrorEnum::OK);
                     visit(record, example.xml);
+                    return true;
                 });
             }
         }
