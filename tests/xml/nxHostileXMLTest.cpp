@@ -257,7 +257,7 @@ TEST(nxXMLDocumentLoad, TakesManyNamesAndWhatOnlyLooksLikeThem) {
              Repeated("<a>", "<Item-#><Key>#</Key></Item-#>", "</a>"), // some 50,000 names
              Repeated("<a>", "&lt;a# b='c'&gt;", "</a>"),
              Repeated("<a><!--<b", " a#='<'>", "--></a>"),
-             Repeated("<a><?p <b", " a#='<'>", "?></a>"),
+             Repeated("<a><?p <b", " a#='<'", "?></a>"),
              Repeated("<a><![CDATA[<b", " a#='<'>", "]]></a>"),
              Repeated("<a b=\"", ">a#='1'", "\"/>"),
          })

@@ -194,6 +194,16 @@ TEST(nxXMLEncoding, ThatIsUnknownOrContradictedIsRefusedInTheWordsOfTheParser) {
     }
 }
 
+TEST(nxXMLEncoding, ThatIsUnknownIsRefusedInTheSameWordsInUnitsOfAnySize) {
+    const Strings expected = EntriesOfRefused(Declared("x-none") + "<a/>");
+    ASSERT_EQ(expected.size(), 2U);
+    EXPECT_NE(expected[0].find("unable to create converter for 'X-NONE' encoding"), std::string::npos);
+    for (const std::size_t unit : {2U, 4U}) {
+        for (const bool isBigEndian : {false, true})
+            EXPECT_EQ(EntriesOfRefused(Wide(Declared("x-none") + "<a/>", unit, isBigEndian)), expected);
+    }
+}
+
 TEST(nxXMLEncoding, ThatTheParserWouldReadInSilenceIsRefusedAllTheSame) {
     const std::string xml = "\xEF\xBB\xBF" + Declared("ISO-8859-1") + "<a>\u00E9</a>";
     EXPECT_EQ(EntriesOfRefused(xml),

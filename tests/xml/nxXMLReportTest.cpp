@@ -149,6 +149,8 @@ namespace {
          "2:6  expected end of tag 'a'\n"},
         {Losses<nxKestrumJobSpec>, "<KestrumJobSpec>\n é\xFF</KestrumJobSpec>",
          "2:3  no valid character at byte 20 (from 0) in encoding 'UTF-8'\n"},
+        {Losses<nxKestrumJobSpec>, "<KestrumJobSpec><!-- <!DOCTYPE --></b>",
+         "1:37  expected end of tag 'KestrumJobSpec'\n"},
         {Losses<nxKestrumJobSpec>, " <!DOCTYPE KestrumJobSpec><KestrumJobSpec/>",
          "1:2  a DOCTYPE is not allowed\n"},
         {Losses<nxKestrumJobSpec>, "<?xml version='1.2'?><KestrumJobSpec/>",
