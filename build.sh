@@ -78,7 +78,7 @@ bench_packages=("${developer_packages[@]}" libbenchmark-dev libxml2-dev libpugix
 docs_packages=("${library_packages[@]}" doxygen graphviz python3)
 fuzz_packages=("${developer_packages[@]}" clang)
 coverage_packages=("${developer_packages[@]}" gcovr)
-package_packages=("${library_packages[@]}" dpkg-dev file)
+package_packages=("${docs_packages[@]}" dpkg-dev file)
 package_check_packages=("${package_packages[@]}" lintian debootstrap)
 lint_packages=("${bench_packages[@]}" clang clang-format clang-tidy)
 
@@ -315,7 +315,7 @@ coverage() {
 make_packages() {
     local source=$1 dir=$2
     cmake -S "$source" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-        -DCMAKE_SKIP_INSTALL_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON \
+        -DCMAKE_SKIP_INSTALL_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON -DXMLFRAMEWORK_DOCUMENTATION=ON \
         -DCMAKE_CXX_FLAGS="-g -gno-record-gcc-switches -ffile-prefix-map=$source/= -ffile-prefix-map=$dir/=build/"
     cmake --build "$dir" --parallel "$jobs"
     rm -rf "$dir/packages"

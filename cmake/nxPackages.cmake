@@ -47,7 +47,19 @@ nx_add_package(tool xmlframework utils "check, convert and look at records of a 
     "${what} This tool tells\nwhat is wrong in their files, and where, and takes them to other forms."
     "libnxcore1 ${exactly}, libxmlframework1 ${exactly}")
 
+if(XMLFRAMEWORK_DOCUMENTATION)
+    nx_add_package(documentation xmlframework-doc doc "records of a trading platform as XML (documentation)"
+        "${what} This is the\nguide, the formats' pages and the reference, to be read in a browser.")
+    set(CPACK_DEBIAN_DOCUMENTATION_PACKAGE_ARCHITECTURE all)
+endif()
+
+# CPack calls ldconfig itself where libraries lie; Debian's own packages ask for it by a trigger.
+file(WRITE "${debian}/triggers" "activate-noawait ldconfig\n")
+set(CPACK_DEBIAN_NXCORE_PACKAGE_CONTROL_EXTRA "${debian}/triggers")
+set(CPACK_DEBIAN_XMLFRAMEWORK_PACKAGE_CONTROL_EXTRA "${debian}/triggers")
+
 set(CPACK_PACKAGE_NAME xmlframework)
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "") # each package has its own
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_CONTACT "${NX_MAINTAINER}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
