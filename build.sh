@@ -29,6 +29,7 @@ usage: ./build.sh COMMAND
   install [PREFIX]        install libraries, headers and tool (/usr/local)
   package [check]         make Debian packages in build/packages; check: that lintian is content, that another
                           build gives the same bytes, and that they work in a bare Debian 12
+  release                 the source archive and the packages of this version, with checksums; build/dist
 END
 }
 
@@ -355,6 +356,22 @@ docs() {
     say "build/docs/site/index.html: $(find build/docs/site -name '*.html' | wc -l) pages"
 }
 
+# What is published of a version: the sources and the packages, with their checksums.
+release() {
+    local version dist=build/dist
+    version=$(sed -nE 's/^#define XMLFRAMEWORK_VERSION_(MAJOR|MINOR|PATCH) ([0-9]+)$/\2/p' core/nxVersion.h | paste -sd.)
+    grep -qE "^## \\[${version//./\\.}\\] - [0-9]{4}-" CHANGELOG.md || die "CHANGELOG.md has no date for $version"
+    [ -z "$(git status --porcelain)" ] || die "the tree has changes that are not committed"
+
+    package
+    rm -rf "$dist"
+    mkdir -p "$dist"
+    git archive --prefix="xmlframework-$version/" HEAD | xz -9 >"$dist/xmlframework-$version.tar.xz"
+    cp build/packages/* "$dist/"
+    (cd "$dist" && sha256sum -- * >SHA256SUMS && cat SHA256SUMS)
+    say "$dist: version $version"
+}
+
 install_product() {
     local prefix=${1:-/usr/local}
     prefix=$(cd "$caller_dir" && realpath -m -- "$prefix")
@@ -384,6 +401,7 @@ coverage) coverage ;;
 docs) docs ;;
 install) install_product "$@" ;;
 package) package "$@" ;;
+release) release ;;
 -h | --help | help) usage ;;
 *)
     usage >&2
