@@ -11,14 +11,14 @@ set -euo pipefail
 packages=$(realpath "$1")
 source_dir=$(cd "$(dirname "$0")/../.." && pwd)
 root=$(mktemp -d)
+chmod 755 "$root" # apt reads packages as somebody else
 trap 'rm -rf "$root"' EXIT
 
 say() { printf -- '-- %s\n' "$*"; }
 inside() { chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 DEBIAN_FRONTEND=noninteractive "$@"; }
 
 say "debootstrap"
-mirror=$(sed -nE 's/^(deb .*|URIs: *)(https?:[^ ]+).*/\2/p' /etc/apt/sources.list /etc/apt/sources.list.d/* 2>/dev/null | head -n 1)
-debootstrap --variant=minbase bookworm "$root" "${mirror:-http://deb.debian.org/debian}" >"$root.log" 2>&1 || { tail "$root.log"; exit 1; }
+debootstrap --variant=minbase bookworm "$root" "${MIRROR:-http://deb.debian.org/debian}" >"$root.log" 2>&1 || { tail "$root.log"; exit 1; }
 cp -r /etc/apt/apt.conf.d/. "$root/etc/apt/apt.conf.d/"
 cp /etc/resolv.conf "$root/etc/" 2>/dev/null || true
 mkdir "$root/packages"
