@@ -5,7 +5,7 @@
 # checkCommandLine.sh TOOL ABI_DIR [store]
 #
 # Compares all commands, options, their values and what is said of them, as the manual page and the completions have
-# them, with what is stored; `store` writes that anew.
+# them, and the schemas, with what is stored; `store` writes that anew.
 set -euo pipefail
 
 tool=$1
@@ -20,4 +20,14 @@ for form in man bash zsh; do
         bad=1
     fi
 done
+scratch=$(mktemp -d)
+trap 'rm -rf "$scratch"' EXIT
+"$tool" schema --all "$scratch"
+if [ "${3:-}" = store ]; then
+    rm -rf "$abi_dir/schemas"
+    cp -r "$scratch" "$abi_dir/schemas"
+    chmod 755 "$abi_dir/schemas"
+elif ! diff -ru "$abi_dir/schemas" "$scratch"; then
+    bad=1
+fi
 exit "$bad"
