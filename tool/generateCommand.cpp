@@ -112,8 +112,7 @@ namespace {
     }
 
     std::string Synopsis(const Defined& defined) {
-        std::string line =
-            Bold(defined.app->get_parent() ? "xmlframework " + Joined(defined.path, " ") : "xmlframework");
+        std::string line = Bold("xmlframework " + Joined(defined.path, " "));
         line += " [" + Italic("option") + "]...";
         for (const CLI::Option* const positional : Positionals(*defined.app)) {
             const bool isMany = positional->get_items_expected_max() > 1;

@@ -11,8 +11,15 @@ set -euo pipefail
 tool=$1
 abi_dir=$2
 bad=0
-words() { "$tool" generate "$1" | sed -E 's/"xmlframework [0-9.]+"/"xmlframework"/'; }
-for form in man bash zsh; do
+words() {
+    if [ "$1" = help ]; then # of all commands
+        "$tool" generate man | sed -nE 's/^\\fBxmlframework ([a-z ]+)\\fR.*/\1/p' | sort -u |
+            while read -ra command; do "$tool" "${command[@]}" --help; done
+    else
+        "$tool" generate "$1" | sed -E 's/"xmlframework [0-9.]+"/"xmlframework"/'
+    fi
+}
+for form in man bash zsh help; do
     stored=$abi_dir/xmlframework.$form
     if [ "${3:-}" = store ]; then
         words "$form" >"$stored"
