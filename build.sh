@@ -327,7 +327,7 @@ make_packages() {
     local source=$1 dir=$2
     cmake -S "$source" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
         -DCMAKE_SKIP_INSTALL_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON -DXMLFRAMEWORK_DOCUMENTATION=ON \
-        -DCMAKE_CXX_FLAGS="-g -gno-record-gcc-switches -ffile-prefix-map=$source/= -ffile-prefix-map=$dir/=build/"
+        -DCMAKE_CXX_FLAGS="-g -gno-record-gcc-switches -ffile-prefix-map=$source/= -ffile-prefix-map=$dir=build"
     cmake --build "$dir" --parallel "$jobs"
     rm -rf "$dir/packages"
     (cd "$dir" && cpack -G DEB -B "$dir/packages" && rm -rf "$dir/packages/_CPack_Packages")
