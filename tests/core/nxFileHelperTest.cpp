@@ -56,6 +56,7 @@ TEST(nxFileHelperWrite, MakesAndReplacesFilesOfAnyBytesAndSize) {
     ExpectWritten(path, std::string(3'000'000, 'x'));
     umask(before);
     EXPECT_EQ(ModeOf(path), 0640U);
+    ExpectWritten(path, std::string((1U << 16U) + 1, 'x')); // one byte more than is read at once
     ExpectWritten(path, std::string("\0\r\n\xFF", 4));
     ExpectWritten(path, "");
     EXPECT_EQ(NamesIn(folder.Path()), std::set<std::string>{"a.xml"});
