@@ -322,15 +322,18 @@ coverage() {
         --txt build/coverage/report.txt --json-summary build/coverage/summary.json build/coverage
 }
 
-# make_packages SOURCE DIR: packages of the tree SOURCE in DIR/packages. Nothing in them depends on where that is.
+# make_packages SOURCE DIR: packages of the tree SOURCE in DIR/packages. Nothing in them depends on where that is: no
+# path is linked in, and what CPack writes of its own folder is the name of one that is always the same.
 make_packages() {
-    local source=$1 dir=$2
+    local source=$1 dir=$2 scratch=/tmp/xmlframework-packages
     cmake -S "$source" -B "$dir" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_INSTALL_PREFIX=/usr \
-        -DCMAKE_SKIP_INSTALL_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON -DXMLFRAMEWORK_DOCUMENTATION=ON \
+        -DCMAKE_SKIP_RPATH=ON -DXMLFRAMEWORK_DEVELOPER=OFF -DXMLFRAMEWORK_PACKAGES=ON -DXMLFRAMEWORK_DOCUMENTATION=ON \
         -DCMAKE_CXX_FLAGS="-g -gno-record-gcc-switches -ffile-prefix-map=$source/= -ffile-prefix-map=$dir=build"
-    cmake --build "$dir" --parallel "$jobs"
-    rm -rf "$dir/packages"
-    (cd "$dir" && cpack -G DEB -B "$dir/packages" && rm -rf "$dir/packages/_CPack_Packages")
+    LD_LIBRARY_PATH=$dir/core:$dir/xmlFramework cmake --build "$dir" --parallel "$jobs"
+    rm -rf "$dir/packages" "$scratch"
+    (cd "$dir" && cpack -G DEB -B "$scratch")
+    rm -rf "$scratch/_CPack_Packages"
+    mv "$scratch" "$dir/packages"
 }
 
 package() {
