@@ -129,6 +129,6 @@ nxBrokerMap::IsNew nxBrokerMap::_Set(const nxUnsignedValueWrapper& id, const std
     const auto entry = _namesByID.insert(_namesByID.end(), std::move(node));
     const bool isNewID = _namesByID.size() != countBefore;
     if (!isNewID)
-        entry->second = std::move(node.mapped()); // which the map has not taken
+        entry->second = std::move(node.mapped()); // NOLINT(bugprone-use-after-move): the map did not take it
     return {isNewID, isNewName};
 }
