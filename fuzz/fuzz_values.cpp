@@ -18,6 +18,7 @@
 #include "fuzz/nxFuzz.h"
 #include "include/nxDoubleValueWrapper.h"
 #include "include/nxValueWrapper.h"
+#include "tests/support/nxExactDecimal.h"
 
 #include <algorithm>
 #include <cmath>
@@ -162,15 +163,6 @@ namespace {
         unsigned char otherDigits;
     };
 
-    // units / 10^digits, in the unit of 10^-18.
-    __extension__ using Wide = __int128;
-    Wide AsWide(std::int64_t units, unsigned int digits) {
-        Wide wide = units;
-        for (; digits < nxDecimal::MaxFractionDigits; ++digits)
-            wide *= 10;
-        return wide;
-    }
-
     void CheckDecimals(const Bits& bits) {
         constexpr std::int64_t Bound = 1'000'000'000'000'000'000; // the first with 19 digits
         const std::int64_t units = bits.number % Bound;
@@ -179,7 +171,8 @@ namespace {
         const unsigned int otherDigits = bits.otherDigits % (nxDecimal::MaxFractionDigits + 1);
         const nxDecimal decimal(units, digits);
         CheckWriting(decimal);
-        const auto order = AsWide(units, digits) <=> AsWide(otherUnits, otherDigits);
+        const auto order =
+            nxExactDecimal::Exact(units, digits) <=> nxExactDecimal::Exact(otherUnits, otherDigits);
         Require((decimal <=> nxDecimal(otherUnits, otherDigits)) == order);
     }
 
@@ -192,7 +185,7 @@ namespace {
                                 nanoseconds(bits.other % 1'000'000'000)));
         const nxDateTime time = nxTimeStamp(bits.number).GetAsDateTime();
         CheckWriting(time);
-        Require(Wide(time.GetTime().time_since_epoch().count()) * 1'000'000'000 +
+        Require(nxExactDecimal::Wide(time.GetTime().time_since_epoch().count()) * 1'000'000'000 +
                     time.GetFraction().count() ==
                 bits.number);
     }

@@ -3,6 +3,7 @@
 
 #include "core/nxDecimal.h"
 
+#include "tests/support/nxExactDecimal.h"
 #include "tests/support/nxPrint.h"
 
 #include <gtest/gtest.h>
@@ -20,14 +21,7 @@ namespace {
         return value;
     }
 
-    // The number in billionths of billionths.
-    __extension__ using Wide = __int128;
-    Wide Exact(std::int64_t units, unsigned int digits) {
-        Wide value = units;
-        for (; digits < nxDecimal::MaxFractionDigits; ++digits)
-            value *= 10;
-        return value;
-    }
+    using namespace nxExactDecimal;
 
     // Whether some number of digits behind the point makes 64 bits of it.
     bool CanBeHeld(Wide value) {
