@@ -3,8 +3,9 @@
 
 // What texts that are made to be slow or to take memory cost, by each way in.
 //
-//   limits TOOL [MEGABYTES]   prints a Markdown table: for each way in, the cost of an ordinary text, of the
-//                             one that takes the most memory, and of those that take longest
+//   limits TOOL [MEGABYTES [WAY]]   prints a Markdown table: for each way in whose name holds WAY, the cost
+//                                   of an ordinary text, of the one that takes the most memory, and of those
+//                                   that take longest
 //
 // Each text is measured at MEGABYTES (1 unless told) and at four times that, in a process of its own: time is
 // that of the processor, memory the most that was resident beyond the text. Exit status 1 when a time of more
@@ -299,10 +300,10 @@ namespace {
                             static_cast<void>(nxDateTime::SetFromString(text, time));
                         }});
         for (const char* const arguments :
-             {"check \"$FILE\"", "check --strict \"$FILE\"", "show \"$FILE\"", "convert \"$FILE\"",
-              "diff \"$FILE\" \"$FILE\"", "diff \"$FILE\" \"$FILE.other\""})
+             {R"(check "$FILE")", R"(check --strict "$FILE")", R"(show "$FILE")", R"(convert "$FILE")",
+              R"(diff "$FILE" "$FILE")", R"(diff "$FILE" "$FILE.other")"})
             ways.push_back({std::string("tool: ") + arguments, Documents, ToolWork(tool, arguments)});
-        ways.push_back({"tool: mic import", Registers, ToolWork(tool, "mic import \"$FILE\"")});
+        ways.push_back({"tool: mic import", Registers, ToolWork(tool, R"(mic import "$FILE")")});
         return ways;
     }
 
@@ -316,7 +317,7 @@ namespace {
     };
 
     void Print(const Way& way, const Result& result, std::size_t size) {
-        const double bytes = static_cast<double>(4 * size);
+        const auto bytes = static_cast<double>(4 * size);
         std::printf("| %s | %s | %.0f | %.1f | %.2f |\n", way.name.c_str(), result.shape->name,
                     result.fourfold.seconds / bytes * 1e9, result.fourfold.bytes / bytes, result.Growth());
         std::fflush(stdout);
@@ -359,8 +360,10 @@ int main(int argc, char** argv) {
         const std::size_t size = (argc > 2 ? std::stoul(argv[2]) : 1) * Megabyte;
         std::printf("| Way in | Text | ns a byte | bytes a byte | growth |\n|---|---|---|---|---|\n");
         bool isLinear = true;
+        const std::string_view part = argc > 3 ? argv[3] : "";
         for (const Way& way : Ways(argv[1]))
-            isLinear = MeasureWay(way, size) && isLinear;
+            if (way.name.find(part) != std::string::npos)
+                isLinear = MeasureWay(way, size) && isLinear;
         return isLinear ? 0 : 1;
     } catch (const std::exception& error) {
         std::fprintf(stderr, "%s\n", error.what());

@@ -15,8 +15,8 @@ namespace {
     // The text in UTF-8; nothing when the code page has no such text. Programs know what their texts are in:
     // the library never guesses.
     std::optional<std::string> ToUTF8(std::string text, const char* codePage) {
-        const iconv_t converter = ::iconv_open("UTF-8", codePage);
-        if (converter == reinterpret_cast<iconv_t>(-1))
+        auto* const converter = ::iconv_open("UTF-8", codePage);
+        if (converter == reinterpret_cast<iconv_t>(-1)) // NOLINT(performance-no-int-to-ptr): as POSIX has it
             return std::nullopt;
         std::string utf8(4 * text.size(), '\0'); // no character takes more
         char* in = text.data();

@@ -53,7 +53,7 @@ namespace {
         ~Console() {
             _device.reset();
             std::fclose(_stream);
-            std::free(_text);
+            std::free(_text); // NOLINT(cppcoreguidelines-no-malloc): as open_memstream asks
         }
         Console(const Console&) = delete;
         Console& operator=(const Console&) = delete;

@@ -10,11 +10,18 @@
 #include "tests/support/nxRecordText.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <functional>
+#include <latch>
 #include <memory>
 #include <string>
+#include <thread>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -262,6 +269,34 @@ TEST(nxKestrumDefinitionLookUp, MayComeFromManyThreadsAtOnce) {
                           i <= round ? nullptr : list[i].get());
             EXPECT_EQ(spec.GetScriptParameterDefinition("new"), list[round].get());
         });
+    }
+}
+
+TEST(nxKestrumDefinitionLookUp, GoesOnInAChildForkedWhileAThreadMadeTheIndex) {
+    constexpr int Count = 20'000; // the index takes some milliseconds
+    Spec spec;
+    Definitions& list = spec.GetScriptParameterDefinitions();
+    for (int i = 0; i < Count; ++i)
+        list.push_back(Make(std::to_string(i)));
+    for (std::size_t fork = 0; fork < 10; ++fork) {
+        list[fork] = Make("new");
+        std::latch start(2);
+        const std::jthread thread([&] {
+            start.arrive_and_wait();
+            EXPECT_EQ(spec.GetScriptParameterDefinition("new"), list[fork].get());
+        });
+        start.arrive_and_wait();
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            alarm(60);
+            const bool isFound = spec.GetScriptParameterDefinition("new") == list[fork].get() &&
+                                 !spec.GetScriptParameterDefinition("none");
+            _exit(isFound ? 0 : 1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        ASSERT_EQ(status, 0) << "signal " << SIGALRM << ": hangs";
     }
 }
 

@@ -105,7 +105,7 @@ TEST(nxForkedChild, ConvertsAndLogsWhateverThreadsOfItsParentDid) {
     for (int i = 0; i < Forks; ++i) {
         const pid_t child = fork();
         if (child == 0) {
-            alarm(10);
+            alarm(60); // a busy machine may take some seconds
             _exit(WorksInChild() ? 0 : 1);
         }
         int status = 0;

@@ -3,8 +3,6 @@
 
 #include "xmlFramework/kestrum/nxKestrumDefinitionList.h"
 
-#include "core/nxMutexGuard.h"
-
 #include <algorithm>
 #include <cstring>
 #include <map>
@@ -46,13 +44,16 @@ nxKestrumDefinitionList::CachedIndex::CachedIndex() noexcept = default;
 
 nxKestrumDefinitionList::CachedIndex::~CachedIndex() = default;
 
-const nxKestrumDefinitionList::Index&
+const nxKestrumDefinitionList::Index*
 nxKestrumDefinitionList::CachedIndex::Of(const Definitions& definitions) {
     const Index* const current = _current.load(std::memory_order_acquire);
     if (current && current->IsOf(definitions))
-        return *current;
+        return current;
 
-    const nxMutexGuard guard(_remaking);
+    if (_isBeingRemade.test_and_set(std::memory_order_acquire))
+        return nullptr;
+    const auto end = [](std::atomic_flag* flag) { flag->clear(std::memory_order_release); };
+    const std::unique_ptr<std::atomic_flag, decltype(end)> remaking(&_isBeingRemade, end);
     if (!_index || !_index->IsOf(definitions)) {
         // Other threads may be comparing the outdated index, too, and nothing says when they have done. It is
         // kept for one more remaking: the list changes before that, and no look-up goes on through a change.
@@ -60,7 +61,7 @@ nxKestrumDefinitionList::CachedIndex::Of(const Definitions& definitions) {
         _previous = std::exchange(_index, std::move(index));
         _current.store(_index.get(), std::memory_order_release);
     }
-    return *_index;
+    return _index.get();
 }
 
 void nxKestrumDefinitionList::CachedIndex::Add(const Definitions& definitions,
@@ -86,9 +87,13 @@ bool nxKestrumDefinitionList::operator==(const nxKestrumDefinitionList& other) c
 }
 
 nxKestrumParameterDefinition* nxKestrumDefinitionList::Find(const std::string& name) const {
-    const auto& byName = _index.Of(_definitions).byName;
-    const auto entry = byName.find(name);
-    return entry != byName.end() ? entry->second : nullptr;
+    if (const Index* const index = _index.Of(_definitions)) {
+        const auto entry = index->byName.find(name);
+        return entry != index->byName.end() ? entry->second : nullptr;
+    }
+    const auto isNamed = [&name](const auto& item) { return item && item->GetName() == name; };
+    const auto last = std::find_if(_definitions.rbegin(), _definitions.rend(), isNamed);
+    return last != _definitions.rend() ? last->get() : nullptr;
 }
 
 void nxKestrumDefinitionList::Add(std::unique_ptr<nxKestrumParameterDefinition> definition) {

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include "core/nxMutex.h"
 #include "xmlFramework/kestrum/nxKestrumParameterDefinition.h"
 #include "xmlFramework/nxXMLFrameworkExport.h"
 
@@ -33,7 +32,8 @@ public:
     const Definitions& Get() const { return _definitions; }
     // For changing the list itself, also later by a reference that was kept.
     Definitions& Get() { return _definitions; }
-    // The last definition of that name, or null. The first call after a change indexes the names.
+    // The last definition of that name, or null. The first call after a change indexes the names; nobody
+    // waits for that: who comes meanwhile, or in a child that was forked meanwhile, looks through the list.
     nxKestrumParameterDefinition* Find(const std::string& name) const;
     // Adds at the end. An earlier definition of that name stays in the list, but is not found any more.
     void Add(std::unique_ptr<nxKestrumParameterDefinition> definition);
@@ -51,15 +51,16 @@ private:
         CachedIndex& operator=(const CachedIndex& /*other*/) noexcept { return *this; }
         ~CachedIndex();
 
-        const Index& Of(const Definitions& definitions);
+        // Null while another thread remakes it.
+        const Index* Of(const Definitions& definitions);
         // To be called before the definition is added to the list. An outdated index stays outdated.
         void Add(const Definitions& definitions, nxKestrumParameterDefinition* definition);
 
     private:
-        nxMutex _remaking;
+        std::atomic_flag _isBeingRemade;
         std::unique_ptr<Index> _index;
         std::unique_ptr<Index> _previous;
-        std::atomic<const Index*> _current = nullptr; // _index, for those who do not hold the mutex
+        std::atomic<const Index*> _current = nullptr; // _index, for those who do not remake it
     };
 
     Definitions _definitions;
