@@ -50,8 +50,8 @@ endfunction()
 
 # nx_add_library(<name> SOURCES <file>... PUBLIC_HEADERS <file>... [PRIVATE_HEADERS <file>...])
 #
-# A library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed with the spelling they have in the source tree. Files are
-# relative to the project's top folder.
+# A library, shared unless BUILD_SHARED_LIBS is off, whose public headers are installed with the spelling they have in
+# the source tree. Files are relative to the project's top folder.
 function(nx_add_library name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;PUBLIC_HEADERS;PRIVATE_HEADERS")
     list(TRANSFORM arg_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/")

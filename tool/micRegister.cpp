@@ -29,27 +29,27 @@ namespace {
                                         {"DELETED", "DELETED"}};
 
     struct Column {
-        std::string_view heading; // in the older layout
-        std::string_view newerHeading;
+        std::string_view heading;                       // in the older layout
+        std::string_view newerHeading;                  // empty: the same, or none
         std::span<const Translation> translations = {}; // empty: the text stands as it is
     };
     constexpr unsigned int ColumnCount = nxMICDefinition::CSVColumnCount;
     enum : unsigned int { MIC, Country, Marker = 4, Status = 10 };
     // In the order of nxMICDefinition.
     constexpr std::array<Column, ColumnCount> Columns{{
-        {"MIC", "MIC"},
+        {"MIC", ""},
         {"COUNTRY", ""},
-        {"ISO COUNTRY CODE (ISO 3166)", "ISO COUNTRY CODE (ISO 3166)"},
-        {"OPERATING MIC", "OPERATING MIC"},
+        {"ISO COUNTRY CODE (ISO 3166)", ""},
+        {"OPERATING MIC", ""},
         {"O/S", "OPRT/SGMT", Markers},
         {"NAME-INSTITUTION DESCRIPTION", "MARKET NAME-INSTITUTION DESCRIPTION"},
-        {"ACRONYM", "ACRONYM"},
-        {"CITY", "CITY"},
-        {"WEBSITE", "WEBSITE"},
+        {"ACRONYM", ""},
+        {"CITY", ""},
+        {"WEBSITE", ""},
         {"STATUS DATE", "LAST UPDATE DATE"},
-        {"STATUS", "STATUS", Statuses},
-        {"CREATION DATE", "CREATION DATE"},
-        {"COMMENTS", "COMMENTS"},
+        {"STATUS", "", Statuses},
+        {"CREATION DATE", ""},
+        {"COMMENTS", ""},
     }};
     // The order in the older layout.
     constexpr std::array<unsigned int, ColumnCount> PublishedOrder{1, 2, 0, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12};
@@ -85,7 +85,7 @@ namespace {
         std::string missing;
         for (unsigned int i = 0; i < ColumnCount; ++i) {
             std::string heading(Columns[i].heading);
-            if (Columns[i].newerHeading != Columns[i].heading)
+            if (!Columns[i].newerHeading.empty())
                 heading.append(" or ").append(Columns[i].newerHeading);
             if (!layout.places[i] && i != Country)
                 AddToList(missing, heading);

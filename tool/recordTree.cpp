@@ -3,7 +3,8 @@
 
 #include "tool/recordTree.h"
 
-#include "xmlFramework/xml/nxXMLDocument.h"
+#include "include/nxLogLevels.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
 
 #include <nlohmann/json.hpp>
 
@@ -16,42 +17,48 @@ namespace {
     using Kind = nxXMLFieldDescription::Kind;
     using Tree = nlohmann::ordered_json;
 
-    Tree ItemTree(const nxXMLElement& element, const Fields& fields);
+    Tree ItemTree(const nxXMLNode& node, const Fields& fields);
 
     // Items without an element around them stand among the record's other fields.
-    Tree ItemTrees(nxXMLElement element, const nxXMLFieldDescription& list, const Fields& others) {
+    Tree ItemTrees(const nxXMLNode& parent, const nxXMLFieldDescription& list, const Fields& others) {
         Tree items = Tree::array();
-        for (nxXMLElement child = element.GetNextChildElement(); child.IsValid();
-             child = element.GetNextChildElement()) {
+        for (nxXMLNode child = parent.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
             if (std::ranges::find(others, child.GetName(), &nxXMLFieldDescription::name) == others.end())
                 items.push_back(ItemTree(child, list.itemFields));
         }
         return items;
     }
 
-    // Nothing for a field that is not written.
-    std::optional<Tree> FieldTree(const nxXMLElement& element, const nxXMLFieldDescription& field,
-                                  const Fields& fields) {
-        if (field.kind == Kind::Items)
-            return ItemTrees(element, field, fields);
-        if (field.kind == Kind::Attribute) {
-            std::string text;
-            return element.GetAttribute(field.name, text).IsOK() ? std::optional<Tree>(text) : std::nullopt;
-        }
-        const nxXMLElement child = element.FindChildElement(field.name);
-        if (!child.IsValid())
-            return std::nullopt;
-        return field.kind == Kind::List ? ItemTrees(child, field, {}) : Tree(child.GetTextValue());
+    std::optional<Tree> AttributeTree(const nxXMLNode& node, const std::string& name) {
+        std::optional<Tree> tree;
+        node.ForEachAttribute([&](std::string_view other, std::string_view value) {
+            if (other == name)
+                tree = value;
+        });
+        return tree;
     }
 
-    Tree ItemTree(const nxXMLElement& element, const Fields& fields) {
+    // Nothing for a field that is not written.
+    std::optional<Tree> FieldTree(const nxXMLNode& node, const nxXMLFieldDescription& field,
+                                  const Fields& fields) {
+        if (field.kind == Kind::Items)
+            return ItemTrees(node, field, fields);
+        if (field.kind == Kind::Attribute)
+            return AttributeTree(node, field.name);
+        const nxXMLNode child = node.FindChild(field.name);
+        if (!child.IsValid())
+            return std::nullopt;
+        return field.kind == Kind::List ? ItemTrees(child, field, {}) : Tree(child.GetText());
+    }
+
+    Tree ItemTree(const nxXMLNode& node, const Fields& fields) {
         if (fields.empty())
-            return element.GetTextValue();
+            return node.GetText();
         if (const auto* const items = FindSoleItems(fields))
-            return ItemTrees(element, *items, {});
+            return ItemTrees(node, *items, {});
         Tree tree = Tree::object();
         for (const nxXMLFieldDescription& field : fields) {
-            if (std::optional<Tree> member = FieldTree(element, field, fields))
+            if (std::optional<Tree> member = FieldTree(node, field, fields))
                 tree[GetNameInTree(field)] = *std::move(member);
         }
         return tree;
@@ -60,10 +67,17 @@ namespace {
 
 Tree tool::MakeTree(Record& record, const RecordKind& kind) {
     std::string xml;
-    nxXMLDocument document;
-    if (!record.ConvertToXML(xml).IsOK() || !document.LoadFromString(xml).IsOK())
+    const std::string noPrefix;
+    Tree tree;
+    if (!record.ConvertToXML(xml).IsOK() ||
+        !nxXMLConversion::ReadDocument(xml, {"", {nxLogLevels::Error, "tool/recordTree"}, noPrefix, ""},
+                                       [&](const nxXMLNode& root, const nxXMLReadContext&) -> nxErrorEnum {
+                                           tree = ItemTree(root, kind.description.fields);
+                                           return nxErrorEnum::OK;
+                                       })
+             .IsOK())
         throw std::runtime_error("the record cannot be written");
-    return ItemTree(document.GetRootElement(), kind.description.fields);
+    return tree;
 }
 
 bool tool::IsList(const nxXMLFieldDescription& field) {

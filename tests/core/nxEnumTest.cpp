@@ -106,7 +106,11 @@ TEST(nxEnumTexts, ReadBackAndLeaveTheValueWhenTheyAreUnknown) {
               "No change of the order type");
 }
 
-TEST(nxDataCategoryEnumValue, KeepsACodeThatNoRecordHasAndCallsItUndefined) {
+TEST(nxDataCategoryEnumValue, KeepsACodeOfPrintableCharactersThatNoRecordHas) {
+    for (const unsigned int kept : {nxDataCategoryCode("    "), nxDataCategoryCode("~~~~")})
+        EXPECT_EQ(nxDataCategoryEnum(kept).GetEnumValue(), kept);
+    for (const unsigned int refused : {nxDataCategoryCode("    ") - 1, nxDataCategoryCode("~~~~") + 1})
+        EXPECT_EQ(nxDataCategoryEnum(refused).GetEnumValue(), 0U);
     const nxDataCategoryEnum unknown = nxDataCategoryCode("AB  ");
     EXPECT_EQ(unknown.GetEnumValue(), 0x41422020U);
     EXPECT_TRUE(unknown.IsUndefined());

@@ -4,6 +4,9 @@
 // What saving does when the system refuses a call, and when the process dies before one. A program of its
 // own: the library's calls come through here.
 
+// With it, the C library has definitions of its own of some of these calls.
+#undef _FORTIFY_SOURCE
+
 #include "core/nxFileHelper.h"
 #include "tests/support/nxInThreads.h"
 #include "tests/support/nxPrint.h"
@@ -65,6 +68,7 @@ namespace {
         using Result = decltype(std::declval<Function>()(arguments...));
         if (Fails(name))
             return Result{-1};
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): as the C library has it
         return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name))(arguments...);
     }
 } // namespace

@@ -139,7 +139,8 @@ TEST(nxFileHelperWrite, WritesAFileInPlaceThatIsAMount) {
 TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhatIsNoPlaceForAFile) {
     const nxTempFolder folder;
     for (const std::string& path :
-         {std::string("/dev/full"), folder.PathOf("missing/a.xml"), folder.Path().native(), std::string()})
+         {std::string("/dev/full"), folder.PathOf("missing/a.xml"), folder.Path().native(), std::string(),
+          folder.PathOf("a.xml") + '\0'}) // a NUL that would cut off the path
         ExpectNotWritten(path, "text");
     ExpectWritten("/dev/null", "");
     EXPECT_TRUE(fs::is_character_file("/dev/full") && fs::is_character_file("/dev/null"));
@@ -148,7 +149,10 @@ TEST(nxFileHelperWrite, WritesDevicesInPlaceAndSaysWhatIsNoPlaceForAFile) {
 
 TEST(nxFileHelperRead, LeavesTheContentsUntouchedWhenThereAreNone) {
     const nxTempFolder folder;
-    for (const std::string& path : {folder.PathOf("missing.xml"), folder.Path().native(), std::string()}) {
+    const std::string present = folder.PathOf("a.xml");
+    ExpectWritten(present, "contents");
+    for (const std::string& path : {folder.PathOf("missing.xml"), folder.Path().native(), std::string(),
+                                    present + '\0', present + std::string("\0.xml", 5)}) {
         std::string contents = "before";
         std::string problem;
         EXPECT_EQ(nxFileHelper::Read(path, contents, problem), nxErrorEnum::InputNotUsable) << path;

@@ -44,6 +44,19 @@ TEST(nxKestrumParameterDefinitionConvertToXML, ReturnsTheFirstFailure) {
     nxXMLElement element = document.GetRootElement();
     EXPECT_EQ(definition.ConvertToXML(element), nxErrorEnum::XMLTextNotCarried);
     EXPECT_FALSE(element.FindChildElement("ValidValues").IsValid());
+
+    definition = Sample();
+    definition.SetValidValues({"a", "\x01", "b"});
+    nxXMLDocument other;
+    EXPECT_EQ(other.CreateDocument("P"), nxErrorEnum::OK);
+    element = other.GetRootElement();
+    EXPECT_EQ(definition.ConvertToXML(element), nxErrorEnum::XMLTextNotCarried);
+    std::vector<std::string> values;
+    nxXMLElement list = element.FindChildElement("ValidValues");
+    for (nxXMLElement value = list.GetFirstChildElement(); value.IsValid();
+         value = list.GetNextChildElement())
+        values.push_back(value.GetTextValue());
+    EXPECT_EQ(values, std::vector<std::string>{"a"});
 }
 
 TEST(nxKestrumParameterDefinitionConvertFromXML, AddsValidValuesToThoseHeld) {

@@ -101,7 +101,9 @@ TEST(nxSyntheticSpreadOrderSpecLegIsValid, LogsWhatIsWrong) {
         {Bands({{0, 1}, {0, 1}, {0, 0}, {0, 1}, {0, 1}}),
          {firstZeroWide, ZeroWide("2"), ZeroWide("3"), ZeroWide("4"), ZeroWide("5")}},
         {Bands({{0, 2}}), {}},
+        {Bands({{0, 2}, {Null, 1}}), {firstZeroWide}},
         {Bands({{0, 2}, {}, {}, {Null, 1}}), {firstZeroWide}},
+        {Bands({{0, 2}, {NoChange, NoChange}}), {}},
         {Bands({{0, 2}, {}, {}, {}, {5, Null}}), {firstZeroWide, NoTicksOf("5")}},
         {Bands({{0, NoChange}, {1, 1}}), {NoTicksOf("1")}},
 

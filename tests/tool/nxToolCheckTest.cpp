@@ -5,11 +5,15 @@
 
 #include "tests/support/nxToolProcess.h"
 #include "tests/tool/nxToolDocuments.h"
+#include "tool/parallel.h"
 
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <numeric>
+#include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace {
     struct Case {
@@ -286,6 +290,17 @@ TEST_F(nxToolCheck, PrintsTheSameWhateverTheNumberOfThreads) {
     EXPECT_NE(one.out.find("\n300 files: 43 OK, 257 FAILED\n"), std::string::npos);
     for (const char* const jobs : {"2", "7", "1000", "0"})
         EXPECT_EQ(_Run({"check", "--strict", "d", "--jobs", jobs}).out, one.out) << jobs;
+}
+
+TEST(nxToolThreads, HandOverWhatTheyThrow) {
+    std::vector<std::size_t> taken;
+    const auto work = [](std::size_t i) { return i < 700 ? i : throw std::runtime_error("no more"); };
+    EXPECT_THROW(tool::WorkInOrder(1000, 3, work, [&taken](std::size_t i) { taken.push_back(i); }),
+                 std::runtime_error);
+    std::vector<std::size_t> expected(taken.size());
+    std::iota(expected.begin(), expected.end(), 0);
+    EXPECT_EQ(taken, expected);
+    EXPECT_TRUE(!taken.empty() && taken.size() <= 700);
 }
 
 // The first file is there late, the others at once.

@@ -86,9 +86,6 @@ namespace {
 } // namespace
 
 TEST(nxForkedChild, ConvertsAndLogsWhateverThreadsOfItsParentDid) {
-#ifdef __SANITIZE_THREAD__
-    GTEST_SKIP() << "the sanitizer's own run-time may be left locked in a child";
-#endif
     constexpr int Forks = 200;
     const nxCollectedLog log; // puts back the devices in the end
     nxLogManager::SetDevices({std::make_shared<SlowDevice>()});

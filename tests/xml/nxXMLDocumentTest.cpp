@@ -311,7 +311,10 @@ TEST(nxXMLDocumentSaveToFile, KeepsTheFileThatWasThereWhenItFails) {
         const nxFullDisk limit(10);
         EXPECT_EQ(document.SaveToFile(path), nxErrorEnum::XMLWriteFailed);
     }
-    EXPECT_EQ(document.GetRootElement().SetValue("\x01"), nxErrorEnum::XMLTextNotCarried);
+    EXPECT_EQ(document.GetRootElement().SetValue("\x01"),
+              nxErrorEnum::XMLTextNotCarried); // the first is told
+    EXPECT_EQ(document.GetRootElement().AddChildElement("b").SetValue("\xFF"),
+              nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(document.SaveToFile(path), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(document.SaveToFileViaExistingString(path, "<a>\xFF</a>"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(

@@ -193,8 +193,9 @@ TEST(nxXMLElementSetCDATAValue, ReplacesASectionThatComesFirstAndAppendsElse) {
     EXPECT_EQ(value, "before");
     nxXMLElement child = xml.root.AddChildElement("c");
     EXPECT_EQ(child.SetCDATAValue("1]]>2"), nxErrorEnum::OK);
+    static_cast<void>(child.AddChildElement("d"));
     EXPECT_EQ(child.SetCDATAValue("&"), nxErrorEnum::OK);
-    EXPECT_EQ(xml.Save(), "<r>t<![CDATA[<a>]]><c><![CDATA[&]]></c></r>");
+    EXPECT_EQ(xml.Save(), "<r>t<![CDATA[<a>]]><c><![CDATA[&]]><d/></c></r>");
 }
 
 TEST(nxXMLElementSetCDATAValue, ReadsBackTheSameOrIsRefused) {

@@ -3,6 +3,8 @@
 
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxRecordText.h"
+#include "xmlFramework/xml/nxXMLConversion.h"
+#include "xmlFramework/xml/nxXMLDocument.h"
 #include "xmlFramework/xml/nxXMLLists.h"
 #include "xmlFramework/xml/nxXMLScanner.h"
 #include "xmlFramework/xml/nxXMLTextSink.h"
@@ -13,6 +15,7 @@
 #include <memory>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 using nxRecordText::Element;
@@ -163,6 +166,23 @@ TEST(nxXMLFieldsNextReader, LooksBehindTheChildItFoundAndFromTheFirstWhereItFoun
         reader(name, number);
         EXPECT_EQ(number, expected) << name;
     }
+}
+
+TEST(nxXMLConversionLoadElement, TakesWhatStandsBelowAnElementOfAUsers) {
+    nxXMLDocument document;
+    ASSERT_EQ(document.LoadFromString("<r><x/><a b='1&#10;\u00E9' c=''>t<d e='2'/><f>\u00E9</f></a></r>"),
+              nxErrorEnum::OK);
+    nxXMLTree tree;
+    nxXMLConversion::LoadElement(tree, document.GetRootElement().FindChildElement("a"));
+    const nxXMLNode a = tree.GetRoot();
+    EXPECT_EQ(a.GetText(), "t");
+    std::vector<std::pair<std::string, std::string>> attributes;
+    a.ForEachAttribute(
+        [&](std::string_view name, std::string_view value) { attributes.emplace_back(name, value); });
+    EXPECT_EQ(attributes, (std::vector<std::pair<std::string, std::string>>{{"b", "1\n\u00E9"}, {"c", ""}}));
+    EXPECT_EQ(a.FindChild("d").GetAttribute("e"), "2");
+    EXPECT_EQ(a.FindChild("d").GetNext().GetText(), "\u00E9");
+    EXPECT_FALSE(a.FindChild("f").GetNext().IsValid() || a.FindChild("f").GetFirstChild().IsValid());
 }
 
 TEST(nxXMLFieldsLists, TakeTheChildrenThatTheirKindTakes) {
