@@ -23,7 +23,8 @@ usage: ./build.sh COMMAND
                           write build/bench/results.json
   fuzz [--fast] [SECONDS] run each fuzzer for so long (60), one a core; fast: without sanitizers
   fuzz-coverage           the lines of the libraries that the fuzzers' inputs reach
-  lint [quick | COMMIT]   formatting, clang-tidy, layering; quick: formatting alone; of what changed since COMMIT
+  lint [library | COMMIT] formatting, layering, clang-tidy; clang-tidy only of the libraries and the tool, or of
+                          what has changed since COMMIT
   coverage                which lines and branches the tests run; build/coverage/report.txt
   docs                    make the documentation site: build/docs/site
   install [PREFIX]        install libraries, headers and tool (/usr/local)
@@ -284,24 +285,19 @@ fuzz_coverage() {
     say "line by line: $dir/lines.txt"
 }
 
-check_format() {
-    say "formatting"
-    find core include xmlFramework tool tests examples fuzz bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
-        xargs -0 clang-format --dry-run -Werror
-}
-
 lint() {
-    if [ "${1:-}" = quick ]; then
-        need clang-format
-        check_format
-        return
-    fi
     need "${lint_packages[@]}"
     quietly configure-lint cmake --preset bench -B build/lint -DCMAKE_CXX_COMPILER=clang++
 
     local clean=true sources=("^$source_dir/.*")
-    [ $# -eq 0 ] || mapfile -t sources < <(git diff --name-only --diff-filter=d "$1" -- '*.cpp' | sed "s,^,^$source_dir/,; s,$,\$,")
-    check_format || clean=false
+    if [ "${1:-}" = library ]; then
+        sources=("^$source_dir/(core|include|xmlFramework|tool)/.*")
+    elif [ $# -gt 0 ]; then
+        mapfile -t sources < <(git diff --name-only --diff-filter=d "$1" -- '*.cpp' | sed "s,.*,^$source_dir/&\$,")
+    fi
+    say "formatting"
+    find core include xmlFramework tool tests examples fuzz bench \( -name '*.h' -o -name '*.cpp' \) -print0 |
+        xargs -0 clang-format --dry-run -Werror || clean=false
     say "layering"
     tests/checkLayering.sh "$source_dir" build/lint/public-headers.txt build/lint/library-files.txt || clean=false
     say "clang-tidy"
