@@ -189,6 +189,9 @@ namespace {
             return errno == ENOENT && WriteBeside(path, contents, std::nullopt) == Outcome::Done;
         if (!S_ISREG(status.st_mode))
             return WriteInPlace(path, contents);
+        // To put another file in its place, nobody is asked for the right to write this one.
+        if (::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0)
+            return false;
 
         std::error_code error;
         const std::filesystem::path place = std::filesystem::canonical(path, error); // behind symbolic links

@@ -22,7 +22,7 @@ public:
     // The file appears whole or not at all: it is written as a file without a name, flushed to the disk and
     // only then put in its place, so that a failure leaves a file that was there before as it was, and a
     // process that is killed leaves nothing. Its permissions and a symbolic link to it are kept; its owner,
-    // hard links and a link that leads nowhere are not.
+    // hard links and a link that leads nowhere are not. A file that may not be written is not replaced.
     //
     // While "a.xml" is replaced it is ".a.xml.nx-new" for a moment; what a killed process leaves there goes
     // with the next writing of "a.xml". Where the file system knows no files without a name, as in most

@@ -69,7 +69,7 @@ TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
     fs::create_symlink("../real.xml", folder.PathOf("links/a.xml"));
     fs::create_symlink("links/a.xml", folder.PathOf("b.xml"));
     ExpectWritten(path, "before");
-    for (const mode_t mode : {0600U, 0444U, 0666U, 07644U}) { // as they stand, whatever the umask
+    for (const mode_t mode : {0600U, 0666U, 07644U}) { // as they stand, whatever the umask
         ASSERT_EQ(chmod(path.c_str(), mode), 0);
         ExpectWritten(folder.PathOf("b.xml"), "after");
         EXPECT_EQ(ModeOf(path), mode);
@@ -80,7 +80,7 @@ TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
 }
 
 // In a process of its own, since it gives up rights.
-TEST(nxFileHelperWrite, WritesAFileInPlaceWhereNoOtherMayBePut) {
+TEST(nxFileHelperWrite, WritesAFileInPlaceWhereNoOtherMayBePutAndNoneThatIsProtected) {
     const nxTempFolder folder;
     fs::permissions(folder.Path(), fs::perms{0755});
     const std::string path = folder.PathOf("closed/a.xml");
@@ -91,18 +91,25 @@ TEST(nxFileHelperWrite, WritesAFileInPlaceWhereNoOtherMayBePut) {
         ASSERT_EQ(chmod(file.c_str(), mode), 0);
     }
     fs::permissions(folder.PathOf("closed"), fs::perms{0555});
+    const std::string protectedInOpen = folder.PathOf("open/c.xml");
+    fs::create_directory(folder.PathOf("open"));
+    fs::permissions(folder.PathOf("open"), fs::perms{0777});
+    ExpectWritten(protectedInOpen, "before");
+    ASSERT_EQ(chmod(protectedInOpen.c_str(), 0444), 0);
     const auto write = [&] {
         constexpr unsigned int Nobody = 65534;
         if (geteuid() == 0 && (setgid(Nobody) != 0 || setuid(Nobody) != 0))
             _exit(2);
         ExpectWritten(path, "after");
         ExpectNotWritten(protectedPath, "after");
+        ExpectNotWritten(protectedInOpen, "after");
         ExpectNotWritten(folder.PathOf("closed/new.xml"), "after");
         _exit(testing::Test::HasFailure() ? 1 : 0);
     };
     EXPECT_EXIT(write(), testing::ExitedWithCode(0), "");
     EXPECT_EQ(Contents(path), "after");
     EXPECT_EQ(Contents(protectedPath), "longer than what comes after");
+    EXPECT_EQ(Contents(protectedInOpen), "before");
     EXPECT_EQ(NamesIn(folder.PathOf("closed")), (std::set<std::string>{"a.xml", "b.xml"}));
     fs::permissions(folder.PathOf("closed"), fs::perms{0755});
 }

@@ -49,6 +49,8 @@ protected:
         arguments.insert(arguments.begin(), NX_TOOL_PATH);
         return _RunProgram(std::move(arguments), in, largestFile);
     }
+    // For programs that script(1) runs.
+    bool _HasTerminals() const { return _RunProgram({"script", "-qec", "true", "/dev/null"}).status == 0; }
     // The first argument is the program; status 127 when there is none.
     Outcome _RunProgram(Arguments arguments, const std::string& in = "",
                         rlim_t largestFile = RLIM_INFINITY) const {
