@@ -118,6 +118,10 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
          "a.xml:2:9: expected end of tag 'A'\n"
          "  2 |   <A>¢</B></MICDefinitionList>\n"
          "    |         ^\n"},
+        {"<MICDefinitionList>\n<!--\xF0\x9F\x98\x80\xF0\x9F\x98\x80-->\n  <A></B></MICDefinitionList>",
+         "a.xml:3:8: expected end of tag 'A'\n"
+         "  3 |   <A></B></MICDefinitionList>\n"
+         "    |        ^\n"},
         {"<MICDefinitionList>\r\n  <MICDefinitions>\xFF</MICDefinitions></MICDefinitionList>",
          "a.xml:2:19: no valid character at byte 39 (from 0) in encoding 'UTF-8'\n"
          "  2 |   <MICDefinitions>\\xFF</MICDefinitions></MICDefinitionList>\n"

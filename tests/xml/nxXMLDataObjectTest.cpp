@@ -94,7 +94,9 @@ TEST(nxXMLDataObjectConvertToXML, LogsWhatCannotBeCarriedWhenTheRecordStopsThere
     std::string xml = "before";
     EXPECT_EQ(record.ConvertToXML(xml, ""), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(xml, "before");
-    EXPECT_EQ(log.EntriesAt(nxLogLevelEnum::Error).size(), 1U);
+    ASSERT_EQ(log.Records().size(), 1U);
+    EXPECT_EQ(log.Records().front().level, nxLogLevelEnum::Error);
+    EXPECT_EQ(log.Records().front().sourceFile, "xmlFramework/trunk/nxXMLDocument");
 }
 
 TEST(nxXMLDataObjectRegister, KeepsTheFirstRecordOfACodeAndLogsTheSecond) {

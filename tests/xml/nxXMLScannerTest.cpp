@@ -60,7 +60,7 @@ namespace {
         "<b xml:space='preserve' xml:lang='?' xmlns='' xmlns:c='c' xmlns:xml='d' xmlns:xmlns='e' c:d=''/>",
         // names
         "<:/><_/><b:/><b:c:d/><b-/><b./><b1/>", "<\u00E9/><b\u00E9/><\u00E9b></\u00E9b>",
-        "<b\u00B7/><\u0431\u0449></\u0431\u0449><\u4E00/>",
+        "<b\u00B7/><\u0431\u0449></\u0431\u0449><\u0E01/><\u4E00/>",
         "<ABCDEFGHIJKLMNOPQRSTUVWXYZ/><abcdefghijklmnopqrstuvwxyz0123456789/>",
         "<b></b\r\n\t ><b\n/><b\t></b>",
         "<abcdefghijklmnop></abcdefghijklmnop><bcdefghijklmnopqr></bcdefghijklmnopqr>",
