@@ -67,17 +67,14 @@ namespace {
 
 Tree tool::MakeTree(Record& record, const RecordKind& kind) {
     std::string xml;
-    const std::string noPrefix;
-    Tree tree;
-    if (!record.ConvertToXML(xml).IsOK() ||
-        !nxXMLConversion::ReadDocument(xml, {"", {nxLogLevels::Error, "tool/recordTree"}, noPrefix, ""},
-                                       [&](const nxXMLNode& root, const nxXMLReadContext&) -> nxErrorEnum {
-                                           tree = ItemTree(root, kind.description.fields);
-                                           return nxErrorEnum::OK;
-                                       })
-             .IsOK())
-        throw std::runtime_error("the record cannot be written");
-    return tree;
+    if (record.ConvertToXML(xml).IsOK()) {
+        const std::string noPrefix;
+        const nxXMLConversion::Source source{"", {nxLogLevels::Error, "tool/recordTree"}, noPrefix, ""};
+        const nxXMLConversion::Reading reading(xml, source);
+        if (reading.GetResult().IsOK())
+            return ItemTree(reading.GetRoot(), kind.description.fields);
+    }
+    throw std::runtime_error("the record cannot be written");
 }
 
 bool tool::IsList(const nxXMLFieldDescription& field) {
