@@ -120,10 +120,10 @@ void nxBrokerMap::SetBrokerIDAndName(const nxUnsignedValueWrapper& id, const std
 }
 
 // In both maps or in none: what asks for memory comes before what changes them.
-nxBrokerMap::IsNew nxBrokerMap::_Set(const nxUnsignedValueWrapper& id, const std::string& name) {
+nxBrokerMap::IsNew nxBrokerMap::_Set(const nxUnsignedValueWrapper& id, std::string name) {
     BrokerIDMap made;
     made.emplace(id, name);
-    const bool isNewName = _idsByName.insert_or_assign(name, id).second;
+    const bool isNewName = _idsByName.insert_or_assign(std::move(name), id).second;
     const std::size_t countBefore = _namesByID.size();
     auto node = made.extract(made.begin());
     const auto entry = _namesByID.insert(_namesByID.end(), std::move(node));

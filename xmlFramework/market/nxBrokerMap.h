@@ -3,12 +3,13 @@
 
 #pragma once
 
+#include "core/nxKeyedHash.h"
 #include "xmlFramework/xml/nxXMLDataObject.h"
 #include "xmlFramework/xml/nxXMLDescription.h"
 
 #include <map>
 #include <string>
-#include <string_view>
+#include <unordered_map>
 
 // The platform's brokers: numeric IDs and names, looked up both ways. Category BROK, document "BrokerMap".
 class XMLFRAMEWORK_API nxBrokerMap : public nxXMLDataObject {
@@ -54,10 +55,10 @@ private:
         bool id;
         bool name;
     };
-    IsNew _Set(const nxUnsignedValueWrapper& id, const std::string& name);
+    IsNew _Set(const nxUnsignedValueWrapper& id, std::string name);
 
     static const bool _registered;
 
-    std::map<std::string, nxUnsignedValueWrapper> _idsByName; // no hash: names may be made for it
+    std::unordered_map<std::string, nxUnsignedValueWrapper, nxKeyedHash> _idsByName;
     BrokerIDMap _namesByID;
 };
