@@ -5,6 +5,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -94,14 +95,58 @@ namespace {
         errno = problem;
     }
 
+    // Who may do what with a file: for one that takes its place.
+    struct Access {
+        mode_t mode;
+        uid_t owner;
+        gid_t group;
+        std::string list; // of users and groups besides, as the system has it; mostly empty
+    };
+    constexpr char AccessList[] = "system.posix_acl_access";
+
+    bool HasNoList() {
+        return errno == ENODATA || errno == EOPNOTSUPP;
+    }
+    bool ReadAccessList(const std::string& path, std::string& list) {
+        constexpr std::size_t Longest = 1U << 16U; // that the system allows
+        list.resize(Longest);
+        const ssize_t size =
+            Uninterrupted([&] { return ::getxattr(path.c_str(), AccessList, list.data(), list.size()); });
+        const bool isRead = size >= 0 || HasNoList();
+        list.resize(size >= 0 ? static_cast<std::size_t>(size) : 0);
+        return isRead;
+    }
+    // A new file may have a list from its folder.
+    bool SetAccessList(int descriptor, const std::string& list) {
+        if (list.empty())
+            return Uninterrupted([&] { return ::fremovexattr(descriptor, AccessList); }) == 0 || HasNoList();
+        return Uninterrupted(
+                   [&] { return ::fsetxattr(descriptor, AccessList, list.data(), list.size(), 0); }) == 0;
+    }
+    bool Grant(int descriptor, const Access& access) {
+        struct stat status = {};
+        if (::fstat(descriptor, &status) != 0 || !SetAccessList(descriptor, access.list))
+            return false;
+        mode_t mode = access.mode;
+        if (status.st_uid != access.owner) // nobody is to run it as somebody else than before
+            mode &= ~static_cast<mode_t>(S_ISUID);
+        if (status.st_gid != access.group)
+            mode &= ~static_cast<mode_t>(S_ISGID);
+        return Uninterrupted([&] { return ::fchmod(descriptor, mode); }) == 0;
+    }
+    // Never open to more people than in the end, even for a moment.
+    mode_t FirstMode(const std::optional<Access>& access) {
+        return access ? access->mode & S_IRWXU : DefaultMode;
+    }
+
     // What came of a new file. NotPut: nobody was able to make it or to put it in its place, and another way
     // may go better. NotWritten: the disk does not take the contents, and would not in place either.
     enum class Outcome { Done, NotPut, NotWritten };
 
-    Outcome Fill(int descriptor, std::string_view contents, std::optional<mode_t> mode) {
+    Outcome Fill(int descriptor, std::string_view contents, const std::optional<Access>& access) {
         if (!WriteAll(descriptor, contents))
             return Outcome::NotWritten;
-        if (mode && Uninterrupted([&] { return ::fchmod(descriptor, *mode); }) != 0)
+        if (access && !Grant(descriptor, *access))
             return Outcome::NotPut;
         // Says all that closing the file could say.
         return Uninterrupted([&] { return ::fsync(descriptor); }) == 0 ? Outcome::Done : Outcome::NotWritten;
@@ -129,13 +174,14 @@ namespace {
 
     // A file that has no name until it is complete goes by itself when its process is killed. Not all file
     // systems know such files.
-    Outcome WriteNameless(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
+    Outcome WriteNameless(const std::string& path, std::string_view contents,
+                          const std::optional<Access>& access) {
         const std::string folder = std::filesystem::path(path).parent_path().native();
         const FileDescriptor file =
-            Open(folder.empty() ? "." : folder, O_WRONLY | O_TMPFILE, mode.value_or(DefaultMode));
+            Open(folder.empty() ? "." : folder, O_WRONLY | O_TMPFILE, FirstMode(access));
         if (!file.IsOpen())
             return Outcome::NotPut;
-        const Outcome outcome = Fill(file.Get(), contents, mode);
+        const Outcome outcome = Fill(file.Get(), contents, access);
         if (outcome != Outcome::Done)
             return outcome;
         return PutInPlace(file.Get(), path) ? Outcome::Done : Outcome::NotPut;
@@ -159,11 +205,12 @@ namespace {
         }
     }
 
-    Outcome WriteNamed(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
-        const BesideFile beside = OpenBeside(path, mode.value_or(DefaultMode));
+    Outcome WriteNamed(const std::string& path, std::string_view contents,
+                       const std::optional<Access>& access) {
+        const BesideFile beside = OpenBeside(path, FirstMode(access));
         if (!beside.descriptor.IsOpen())
             return Outcome::NotPut;
-        Outcome outcome = Fill(beside.descriptor.Get(), contents, mode);
+        Outcome outcome = Fill(beside.descriptor.Get(), contents, access);
         if (outcome == Outcome::Done && ::rename(beside.path.c_str(), path.c_str()) != 0)
             outcome = Outcome::NotPut;
         if (outcome != Outcome::Done)
@@ -171,10 +218,10 @@ namespace {
         return outcome;
     }
 
-    // Never open to more people than the file itself, even for a moment.
-    Outcome WriteBeside(const std::string& path, std::string_view contents, std::optional<mode_t> mode) {
-        const Outcome outcome = WriteNameless(path, contents, mode);
-        return outcome == Outcome::NotPut ? WriteNamed(path, contents, mode) : outcome;
+    Outcome WriteBeside(const std::string& path, std::string_view contents,
+                        const std::optional<Access>& access) {
+        const Outcome outcome = WriteNameless(path, contents, access);
+        return outcome == Outcome::NotPut ? WriteNamed(path, contents, access) : outcome;
     }
 
     // The system would take the path for cut off at a NUL.
@@ -199,7 +246,10 @@ namespace {
             errno = error.value();
             return false;
         }
-        const Outcome outcome = WriteBeside(place.native(), contents, status.st_mode & 07777U);
+        Access access{status.st_mode & 07777U, status.st_uid, status.st_gid, {}};
+        if (!ReadAccessList(path, access.list))
+            return false;
+        const Outcome outcome = WriteBeside(place.native(), contents, access);
         if (outcome != Outcome::NotPut)
             return outcome == Outcome::Done;
         return IsPlaceClosed(errno) && WriteInPlace(place.native(), contents);

@@ -222,6 +222,15 @@ std::string nxStringHelper::GetRightTrimmed(std::string_view text) {
     return std::string(text.substr(0, text.find_last_not_of(WhiteSpace) + 1));
 }
 
+std::string nxStringHelper::GetShortened(std::string_view text, std::size_t longest) {
+    if (text.size() <= longest)
+        return std::string(text);
+    std::size_t end = longest;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) // within a character
+        --end;
+    return std::string(text.substr(0, end)) + "...";
+}
+
 void nxStringHelper::Replace(std::string& text, std::string_view from, std::string_view to) {
     if (from.empty())
         return;

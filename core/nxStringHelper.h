@@ -71,6 +71,10 @@ public:
     [[nodiscard]] static std::string_view Trimmed(std::string_view text); // on both sides
     [[nodiscard]] static std::string GetRightTrimmed(std::string_view text);
 
+    // A text of more than `longest` bytes as at most so many of its first ones, whole characters of UTF-8,
+    // and "..." behind them.
+    [[nodiscard]] static std::string GetShortened(std::string_view text, std::size_t longest);
+
     // Replaces every occurrence of `from`, found from left to right, by `to`. An empty `from` replaces
     // nothing. Takes time linear in the length of the text and of the result.
     static void Replace(std::string& text, std::string_view from, std::string_view to);

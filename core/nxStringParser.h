@@ -30,7 +30,7 @@ public:
     }
 
     // The parts of `text` from `start` to its end, put into `parts` in place of what was there. None for a
-    // start at or past the end.
+    // start at or past the end. The text must not be one of `parts`.
     static void ExtractAllSubstrings(std::string_view text, std::vector<std::string>& parts,
                                      std::size_t start, char separator);
 };

@@ -127,8 +127,9 @@ nxConsoleLogDevice::nxConsoleLogDevice(std::size_t longestText)
 
 void nxConsoleLogDevice::Write(const nxLog& record) {
     const nxLogLevelEnum& level = record.GetLevel();
-    std::string text = level.GetShortDescription() + " " + record.GetSourceFile() + ":" +
-                       std::to_string(record.GetLineNumber()) + " ";
+    std::string text = level.GetShortDescription() + " ";
+    AppendPrintable(text, record.GetSourceFile());
+    text += ":" + std::to_string(record.GetLineNumber()) + " ";
     const std::string& entry = record.GetLogEntry();
     const std::string_view shown = Beginning(entry, _sink->longestText);
     AppendPrintable(text, shown);

@@ -17,6 +17,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -100,6 +101,12 @@ int fsync(int /*file*/) {
 }
 int fchmod(int file, mode_t mode) noexcept {
     return Call(&fchmod, "fchmod", file, mode);
+}
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+    return Call(&getxattr, "getxattr", path, name, value, size);
+}
+int fremovexattr(int file, const char* name) noexcept {
+    return Call(&fremovexattr, "fremovexattr", file, name);
 }
 int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) noexcept {
     return Call(&linkat, "linkat", fromFolder, from, toFolder, to, flags);
@@ -209,9 +216,9 @@ TEST_P(FileFailure, OfAnyCallLeavesTheOldFileOrTheNewOne) {
         ExpectAlone(result.IsOK() || isThere);
         return true;
     };
-    const std::pair<const char*, bool> calls[] = {{"open", true},    {"write", true},  {"fsync", true},
-                                                  {"fchmod", true},  {"close", true},  {"linkat", false},
-                                                  {"rename", false}, {"unlink", false}};
+    const std::pair<const char*, bool> calls[] = {
+        {"open", true},         {"write", true}, {"fsync", true},   {"fchmod", true},  {"getxattr", true},
+        {"fremovexattr", true}, {"close", true}, {"linkat", false}, {"rename", false}, {"unlink", false}};
     for (const auto& [call, mayBeCutShort] : calls) {
         for (const int problem : Problems) {
             for (const bool lasts : {false, true}) {

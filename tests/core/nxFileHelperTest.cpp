@@ -11,8 +11,11 @@
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <set>
 
 namespace fs = std::filesystem;
@@ -77,6 +80,57 @@ TEST(nxFileHelperWrite, KeepsTheSymbolicLinksAndPermissionsOfTheFile) {
     EXPECT_EQ(Contents(path), "after");
     EXPECT_TRUE(fs::is_symlink(folder.PathOf("links/a.xml")) && fs::is_symlink(folder.PathOf("b.xml")));
     EXPECT_EQ(NamesIn(folder.Path() / "links"), std::set<std::string>{"a.xml"});
+}
+
+namespace {
+    // An access control list as the system keeps it: a user besides the owner, and whatever the mask leaves
+    // him.
+    std::string AccessListWithUser(unsigned char rights) {
+        const struct {
+            std::uint16_t kind;
+            std::uint16_t rights;
+            std::uint32_t id;
+        } entries[] = {{1, 6, ~0U}, {2, rights, 1234}, {4, 0, ~0U}, {16, rights, ~0U}, {32, 0, ~0U}};
+        const std::uint32_t version = 2;
+        std::string list(reinterpret_cast<const char*>(&version), sizeof version);
+        return list.append(reinterpret_cast<const char*>(entries), sizeof entries);
+    }
+    bool SetList(const fs::path& path, const char* kind, const std::string& list) {
+        return setxattr(path.c_str(), kind, list.data(), list.size(), 0) == 0;
+    }
+    std::string AccessListOf(const std::string& path) {
+        std::string list(1000, ' ');
+        const ssize_t size = getxattr(path.c_str(), "system.posix_acl_access", list.data(), list.size());
+        return list.substr(0, static_cast<std::size_t>(std::max<ssize_t>(size, 0)));
+    }
+} // namespace
+
+TEST(nxFileHelperWrite, OpensTheFileToNobodyElse) {
+    const nxTempFolder folder;
+    const std::string path = folder.PathOf("a.xml");
+    ExpectWritten(path, "before");
+    if (!SetList(path, "system.posix_acl_access", AccessListWithUser(6)))
+        GTEST_SKIP() << "no access control lists here";
+    ExpectWritten(path, "after");
+    EXPECT_EQ(AccessListOf(path), AccessListWithUser(6));
+    EXPECT_EQ(ModeOf(path), 0660U); // with a list, the group's place tells the mask
+
+    ASSERT_TRUE(SetList(folder.Path(), "system.posix_acl_default", AccessListWithUser(4))); // for new files
+    const std::string plain = folder.PathOf("b.xml");
+    ExpectWritten(plain, "before");
+    EXPECT_NE(AccessListOf(plain), "");
+    ASSERT_EQ(removexattr(plain.c_str(), "system.posix_acl_access"), 0);
+    ASSERT_EQ(chmod(plain.c_str(), 0640), 0);
+    ExpectWritten(plain, "after");
+    EXPECT_EQ(AccessListOf(plain), "");
+    EXPECT_EQ(ModeOf(plain), 0640U);
+
+    if (geteuid() != 0)
+        return; // nobody else's file can be made
+    ASSERT_EQ(chown(plain.c_str(), 1234, 1234), 0);
+    ASSERT_EQ(chmod(plain.c_str(), 06755), 0);
+    ExpectWritten(plain, "after");
+    EXPECT_EQ(ModeOf(plain), 0755U);
 }
 
 // In a process of its own, since it gives up rights.

@@ -149,6 +149,17 @@ TEST(nxStringHelperTrim, TakesAsciiWhiteSpaceFromItsOwnSideOnly) {
     }
 }
 
+TEST(nxStringHelperGetShortened, KeepsWholeCharactersOnly) {
+    const struct {
+        const char* text;
+        std::size_t longest;
+        const char* shortened;
+    } cases[] = {{"aé", 3, "aé"}, {"aéb", 3, "aé..."}, {"aé", 2, "a..."},
+                 {"é", 1, "..."}, {"", 0, ""},         {"\xA9", 0, "..."}};
+    for (const auto& [text, longest, shortened] : cases)
+        EXPECT_EQ(nxStringHelper::GetShortened(text, longest), shortened) << text << longest;
+}
+
 TEST(nxStringHelperReplace, ReplacesFromLeftToRightAndNeverWhatItPutThere) {
     const struct {
         const char* text;

@@ -86,6 +86,22 @@ namespace {
     };
 } // namespace
 
+// The system may end a process while threads go on, as those that nobody joins do.
+TEST(nxProcessEnd, MayComeWhileAThreadParses) {
+    constexpr int Processes = 20;
+    for (int i = 0; i < Processes; ++i)
+        EXPECT_EXIT(
+            {
+                std::thread([] {
+                    for (;;)
+                        static_cast<void>(nxXMLDocument().LoadFromString("<a/>"));
+                }).detach();
+                std::this_thread::sleep_for(std::chrono::milliseconds(2));
+                std::exit(0);
+            },
+            testing::ExitedWithCode(0), "");
+}
+
 TEST(nxForkedChild, ConvertsAndLogsWhateverThreadsOfItsParentDid) {
     if (!nxForkWithThreads)
         GTEST_SKIP() << "the sanitizer's malloc may be locked in the child";

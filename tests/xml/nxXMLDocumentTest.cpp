@@ -274,13 +274,15 @@ TEST(nxXMLDocumentSaveToString, WritesTheRootElementAsOneLineThatReadsBackTheSam
 }
 
 TEST(nxXMLDocumentSaveToString, RefusesWhatOnlyXML11Carries) {
-    nxXMLDocument document;
-    ASSERT_EQ(document.LoadFromString("<?xml version='1.1'?><a>&#1;</a>"), nxErrorEnum::OK);
-    const nxCollectedLog log;
-    std::string xml = "before";
-    EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::XMLTextNotCarried);
-    EXPECT_EQ(xml, "before");
-    EXPECT_FALSE(log.EntriesAt(nxLogLevelEnum::Error).empty());
+    for (const std::string content : {"&#1;", "<?b\U00010000 c?>"}) {
+        nxXMLDocument document;
+        ASSERT_EQ(document.LoadFromString("<?xml version='1.1'?><a>" + content + "</a>"), nxErrorEnum::OK);
+        const nxCollectedLog log;
+        std::string xml = "before";
+        EXPECT_EQ(document.SaveToString(xml), nxErrorEnum::XMLTextNotCarried);
+        EXPECT_EQ(xml, "before");
+        EXPECT_FALSE(log.EntriesAt(nxLogLevelEnum::Error).empty());
+    }
 }
 
 TEST(nxXMLDocumentSaveToFile, WritesUTF8InEveryWay) {

@@ -167,6 +167,41 @@ TEST(nxXMLReport, SaysOfEachThingThatIsNotTakenWhereItIsAndWhy) {
         EXPECT_EQ(one.lossesOf(one.xml), one.losses) << one.xml;
 }
 
+TEST(nxXMLReport, RepeatsNoLongTextInEachFinding) {
+    const std::string name(20'000, 'n');
+    std::string children;
+    std::string attributes;
+    for (int i = 0; i < 100; ++i) {
+        children += "<u/>t<!---->";
+        attributes += " a" + std::to_string(i) + "=''";
+    }
+    const auto list = [](const std::string& items) {
+        return "<MICDefinitionList><MICDefinitions>" + items + "</MICDefinitions></MICDefinitionList>";
+    };
+    const auto item = [&](const std::string& fields) {
+        return list("<MICDefinition-A>" + fields + "</MICDefinition-A>");
+    };
+    std::string names = "<Name>" + name + "</Name>";
+    for (int i = 0; i < 100; ++i)
+        names += "<Name><b/></Name>";
+    const std::string documents[] = {
+        "<" + name + ">" + children + "</" + name + ">",
+        list("<MICDefinition-" + name + attributes + ">" + children + "</MICDefinition-" + name + ">"),
+        item("<MIC>" + name + "</MIC>" + children), item(names)};
+    for (const std::string& xml : documents) {
+        const nxCollectedLog log;
+        nxMICDefinitionList record;
+        nxXMLReport report;
+        static_cast<void>(report.Read(record, xml, ""));
+        EXPECT_GE(report.GetFindings().size(), 100U);
+        std::size_t repeated = 0;
+        for (const nxXMLFinding& finding : report.GetFindings())
+            repeated += finding.path.capacity() + finding.key.capacity() + finding.name.capacity() +
+                        finding.held.capacity();
+        EXPECT_LT(repeated, 1'000 * report.GetFindings().size()) << xml.substr(0, 100);
+    }
+}
+
 TEST(nxXMLReport, ListensToItsOwnReadingOnly) {
     const std::string xml = "<KestrumUserLimit><a/></KestrumUserLimit>";
     nxKestrumUserLimit limit;

@@ -240,29 +240,28 @@ nxErrorEnum nxKestrumAlgorithmSpec::ExtractParametersFromUserString(const std::s
 nxErrorEnum
 nxKestrumAlgorithmSpec::ExtractParametersFromUserString(const std::string& text,
                                                         std::vector<nxKestrumParameter*>& out) const {
-    return nxKestrumUserString::ForEachPair(text,
-                                            [this, &out](const std::string& name, const std::string& value) {
-                                                return _ExtractParameter(name, value, out);
-                                            });
-}
-
-nxErrorEnum nxKestrumAlgorithmSpec::_ExtractParameter(const std::string& name, const std::string& value,
-                                                      std::vector<nxKestrumParameter*>& out) const {
-    const nxKestrumParameterDefinition* const scriptDefinition = _scriptParameters.Find(name);
-    const nxKestrumParameterDefinition* const definition =
-        scriptDefinition ? scriptDefinition : _GetSystemParameterDefinition(name);
-    if (!definition) {
+    nxKestrumDefinitionList::LookUp scriptParameters(_scriptParameters);
+    return nxKestrumUserString::ForEachPair(text, [&](const std::string& name, const std::string& value) {
+        const nxKestrumParameterDefinition* const scriptDefinition = scriptParameters.Find(name);
+        const nxKestrumParameterDefinition* const definition =
+            scriptDefinition ? scriptDefinition : _GetSystemParameterDefinition(name);
+        if (definition)
+            return _ExtractParameter(*definition, !scriptDefinition, value, out);
         nxWriteLog({nxLogLevels::Error, SourceFile},
                    "Unable to find parameter definition for parameter named: ", name);
-        return nxErrorEnum::InvalidData;
-    }
+        return nxErrorEnum(nxErrorEnum::InvalidData);
+    });
+}
 
+nxErrorEnum nxKestrumAlgorithmSpec::_ExtractParameter(const nxKestrumParameterDefinition& definition,
+                                                      bool isSystemParameter, const std::string& value,
+                                                      std::vector<nxKestrumParameter*>& out) {
     std::unique_ptr<nxKestrumParameter> parameter(
-        nxKestrumParameter::CreateInstance(definition->GetParameterType()));
+        nxKestrumParameter::CreateInstance(definition.GetParameterType()));
     if (!parameter)
         return nxErrorEnum::InvalidData;
-    parameter->SetName(name);
-    parameter->SetIsSystemParameter(!scriptDefinition);
+    parameter->SetName(definition.GetName());
+    parameter->SetIsSystemParameter(isSystemParameter);
     const nxErrorEnum result = parameter->PersistValueFromString(value);
     out.push_back(parameter.get());
     parameter.release(); // NOLINT(bugprone-unused-return-value): the caller has it

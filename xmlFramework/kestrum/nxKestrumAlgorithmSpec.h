@@ -87,7 +87,7 @@ public:
 
     // Splits a user string into names and value texts, in place of what `out` holds; of two pairs of one name
     // the later counts. nxErrorEnum::InvalidData for a malformed string, with the pairs before the fault in
-    // `out`.
+    // `out`, none of whose texts may be `text`.
     static nxErrorEnum ExtractParametersFromUserString(const std::string& text,
                                                        std::map<std::string, std::string>& out);
     // Appends a typed parameter to `out` for each pair; the caller owns them, also those that came before a
@@ -113,8 +113,9 @@ private:
     struct Fields;
     struct SystemParameters;
     static const SystemParameters& _TheSystemParameters();
-    nxErrorEnum _ExtractParameter(const std::string& name, const std::string& value,
-                                  std::vector<nxKestrumParameter*>& out) const;
+    static nxErrorEnum _ExtractParameter(const nxKestrumParameterDefinition& definition,
+                                         bool isSystemParameter, const std::string& value,
+                                         std::vector<nxKestrumParameter*>& out);
 
     static const bool _registered;
 

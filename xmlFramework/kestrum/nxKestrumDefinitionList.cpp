@@ -87,13 +87,20 @@ bool nxKestrumDefinitionList::operator==(const nxKestrumDefinitionList& other) c
 }
 
 nxKestrumParameterDefinition* nxKestrumDefinitionList::Find(const std::string& name) const {
-    if (const Index* const index = _index.Of(_definitions)) {
-        const auto entry = index->byName.find(name);
-        return entry != index->byName.end() ? entry->second : nullptr;
+    return LookUp(*this).Find(name);
+}
+
+nxKestrumParameterDefinition* nxKestrumDefinitionList::LookUp::Find(const std::string& name) {
+    const Definitions& definitions = _list._definitions;
+    if (!_index)
+        _index = _list._index.Of(definitions);
+    if (_index) {
+        const auto entry = _index->byName.find(name);
+        return entry != _index->byName.end() ? entry->second : nullptr;
     }
     const auto isNamed = [&name](const auto& item) { return item && item->GetName() == name; };
-    const auto last = std::find_if(_definitions.rbegin(), _definitions.rend(), isNamed);
-    return last != _definitions.rend() ? last->get() : nullptr;
+    const auto last = std::find_if(definitions.rbegin(), definitions.rend(), isNamed);
+    return last != definitions.rend() ? last->get() : nullptr;
 }
 
 void nxKestrumDefinitionList::Add(std::unique_ptr<nxKestrumParameterDefinition> definition) {

@@ -35,6 +35,7 @@ public:
     // The last definition of that name, or null. The first call after a change indexes the names; nobody
     // waits for that: who comes meanwhile, or in a child that was forked meanwhile, looks through the list.
     nxKestrumParameterDefinition* Find(const std::string& name) const;
+    class LookUp;
     // Adds at the end. An earlier definition of that name stays in the list, but is not found any more.
     void Add(std::unique_ptr<nxKestrumParameterDefinition> definition);
     void Clear() { _definitions.clear(); }
@@ -65,4 +66,16 @@ private:
 
     Definitions _definitions;
     mutable CachedIndex _index;
+};
+
+// For many look-ups in a row while nobody changes the list: whether it has changed is looked at once.
+class XMLFRAMEWORK_API nxKestrumDefinitionList::LookUp {
+public:
+    explicit LookUp(const nxKestrumDefinitionList& list) : _list(list) {}
+
+    nxKestrumParameterDefinition* Find(const std::string& name);
+
+private:
+    const nxKestrumDefinitionList& _list;
+    const Index* _index = nullptr; // until nobody else remakes it
 };

@@ -60,7 +60,7 @@ nxXMLConversion::Reading::Reading(const std::string& xml, const Source& source)
     if (_notes)
         _tree.WatchLostTexts();
     if (NX_HAS_SCANNER && nxXMLScanner::Fill(_tree, xml)) {
-        nxXMLSession::Get().NextBufferNumber(); // so that later messages of the parser have the same numbers
+        nxXMLSession::NextBufferNumber(); // so that later messages of the parser have the same numbers
         return;
     }
     _result = nxXMLTreeLoader::Load(xml, _tree);

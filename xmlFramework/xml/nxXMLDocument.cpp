@@ -27,7 +27,9 @@
 #include <xercesc/util/XMLException.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
+#include <algorithm>
 #include <array>
+#include <string_view>
 
 using namespace xercesc;
 
@@ -192,30 +194,43 @@ namespace {
     };
 
     // Writes comments in the serialiser's place, which looks through all siblings of each.
-    class CommentWriter final : public DOMLSSerializerFilter {
+    class NodeFilter final : public DOMLSSerializerFilter {
     public:
-        explicit CommentWriter(StringTarget& target) : _target(target) {}
+        explicit NodeFilter(StringTarget& target) : _target(target) {}
 
-        FilterAction acceptNode(const DOMNode* comment) const override {
+        FilterAction acceptNode(const DOMNode* node) const override {
+            if (node->getNodeType() != DOMNode::COMMENT_NODE)
+                return AcceptInstruction(*node);
             std::string utf8;
-            _isText &= nxXMLTextOut::Convert(comment->getNodeValue(), utf8) && !nxXMLText(utf8).GetProblem();
+            if (!nxXMLTextOut::Convert(node->getNodeValue(), utf8) || nxXMLText(utf8).GetProblem())
+                _problem = "a comment cannot be carried by XML";
             _target.Write("<!--" + utf8 + "-->");
             return FILTER_REJECT;
         }
-        ShowType getWhatToShow() const override { return DOMNodeFilter::SHOW_COMMENT; }
+        ShowType getWhatToShow() const override {
+            return DOMNodeFilter::SHOW_COMMENT | DOMNodeFilter::SHOW_PROCESSING_INSTRUCTION;
+        }
 
-        // False when a comment held what XML cannot carry.
-        bool IsText() const { return _isText; }
+        // Null, or what XML cannot carry.
+        const char* GetProblem() const { return _problem; }
 
     private:
+        // From a document of XML 1.1: as a target, the parser takes such a character there only.
+        FilterAction AcceptInstruction(const DOMNode& instruction) const {
+            const std::u16string_view target = instruction.getNodeName();
+            if (std::ranges::any_of(target, [](char16_t unit) { return (unit & 0xF800U) == 0xD800U; }))
+                _problem = "the name of an instruction cannot be carried by XML 1.0";
+            return FILTER_ACCEPT;
+        }
+
         StringTarget& _target;
-        mutable bool _isText = true; // the parser library has acceptNode const
+        mutable const char* _problem = nullptr; // the parser library has acceptNode const
     };
 
     Released<DOMLSSerializer> CreateDOMSerialiser(DOMImplementation& implementation,
-                                                  nxDOMErrorHandler& handler, CommentWriter& comments) {
+                                                  nxDOMErrorHandler& handler, NodeFilter& filter) {
         Released<DOMLSSerializer> serialiser(implementation.createLSSerializer());
-        serialiser->setFilter(&comments);
+        serialiser->setFilter(&filter);
         DOMConfiguration* const configuration = serialiser->getDomConfig();
         configuration->setParameter(XMLUni::fgDOMErrorHandler, &handler);
 
@@ -249,6 +264,7 @@ struct nxXMLDocument::State {
     nxErrorEnum Create(const std::string& rootName);
     nxErrorEnum Serialise(std::string& utf8, const std::string& subject);
 
+    const nxXMLSession::Use parserUse; // before all that is the parser's
     nxDOMErrorHandler errorHandler;
     Released<DOMDocument> document;
     DOMElement* root = nullptr;
@@ -298,6 +314,8 @@ nxErrorEnum nxXMLDocument::State::Load(const Input& input, nxXMLTree* tree) {
 }
 
 nxErrorEnum nxXMLDocument::State::ParseOrRefuse(const Input& input, nxXMLTree* tree) {
+    if (!parserUse.IsGranted())
+        return Refuse(input, "the process is ending");
     std::string converted;
     std::string_view utf8;
     nxXMLEncoding::Problem problem;
@@ -332,7 +350,7 @@ void nxXMLDocument::State::Adopt(Released<DOMDocument> newDocument) {
 }
 
 nxErrorEnum nxXMLDocument::State::Create(const std::string& rootName) {
-    DOMImplementation* const implementation = Implementation(u"Core");
+    DOMImplementation* const implementation = parserUse.IsGranted() ? Implementation(u"Core") : nullptr;
     if (!implementation || document)
         return nxErrorEnum::XMLDocumentNotCreatable;
 
@@ -370,16 +388,16 @@ nxErrorEnum nxXMLDocument::State::Serialise(std::string& utf8, const std::string
     try {
         DOMImplementation& implementation = *Implementation(u"Core");
         StringTarget target;
-        CommentWriter comments(target);
+        NodeFilter filter(target);
         const Released<DOMLSSerializer> serialiser =
-            CreateDOMSerialiser(implementation, errorHandler, comments);
+            CreateDOMSerialiser(implementation, errorHandler, filter);
         const Released<DOMLSOutput> output(implementation.createLSOutput());
         output->setEncoding(XMLUni::fgUTF8EncodingString);
         output->setByteStream(&target);
         if (!serialiser->write(root, output.get()))
             return nxErrorEnum::XMLTextNotCarried; // the handler has said why
-        if (!comments.IsText()) {
-            LogFailure(Saving, subject, "a comment cannot be carried by XML");
+        if (filter.GetProblem()) {
+            LogFailure(Saving, subject, filter.GetProblem());
             return nxErrorEnum::XMLTextNotCarried;
         }
         utf8 = target.Take();
@@ -417,12 +435,12 @@ nxErrorEnum nxXMLDocument::LoadFromFile(const std::wstring& path) {
 }
 
 nxErrorEnum nxXMLDocument::LoadFromString(const std::string& xml) {
-    const Input input{xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false};
+    const Input input{xml, nxXMLSession::NextBufferName(), xml, ParsingString, false};
     return nxXMLMemory::Guarded([&] { return _state->Load(input); });
 }
 
 nxErrorEnum nxXMLDocument::_LoadTree(const std::string& xml, nxXMLTree& tree) {
-    const Input input{xml, nxXMLSession::Get().NextBufferName(), xml, ParsingString, false};
+    const Input input{xml, nxXMLSession::NextBufferName(), xml, ParsingString, false};
     return nxXMLMemory::Guarded([&] { return _state->Load(input, &tree); });
 }
 

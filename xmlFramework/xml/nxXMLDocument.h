@@ -42,7 +42,7 @@ public:
     [[nodiscard]] nxErrorEnum LoadFromFile(const std::wstring& path);
     [[nodiscard]] nxErrorEnum LoadFromString(const std::string& xml);
     // Reads the whole file into `contents`, with CR LF made LF, and loads that. nxErrorEnum::InputNotUsable,
-    // with `contents` empty and nothing logged, when the file cannot be opened.
+    // with `contents` empty and nothing logged, when the file cannot be opened. It must not be the path.
     [[nodiscard]] nxErrorEnum LoadFromFileViaString(const std::string& path, std::string& contents);
 
     // Makes a document with an empty root element. nxErrorEnum::XMLDocumentNotCreatable when there is a
@@ -63,7 +63,7 @@ public:
     [[nodiscard]] nxErrorEnum SaveToString(std::string& xmlOut);
     [[nodiscard]] nxErrorEnum SaveToFile(const std::string& path);
     [[nodiscard]] nxErrorEnum SaveToFile(const std::wstring& path);
-    // SaveToString into `contents`, then SaveToFileViaExistingString.
+    // SaveToString into `contents`, which must not be the path, then SaveToFileViaExistingString.
     [[nodiscard]] nxErrorEnum SaveToFileViaString(const std::string& path, std::string& contents);
     // Writes `contents` to the file as it stands; nxErrorEnum::XMLTextNotCarried when it is no UTF-8 text
     // that XML can carry.

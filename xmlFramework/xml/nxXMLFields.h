@@ -238,24 +238,36 @@ namespace nxXMLFields {
     template <class T>
     Required(T&&) -> Required<T>;
 
-    // What the record holds, as its document would say it; nothing for a list.
-    template <class T>
-    std::string HeldText(const T& field) {
+    // Hands on what the record holds, as its document would say it; nothing for a list.
+    template <class T, class Use>
+    auto WithText(const T& field, Use use) {
         if constexpr (HasCondition<T>) {
             if (!field.IsWritten())
-                return {};
+                return use(std::string_view());
         }
         if constexpr (IsRequired<T>)
-            return HeldText(field.Get());
+            return WithText(field.Get(), use);
         else if constexpr (IsList<T>)
-            return {};
+            return use(std::string_view());
         else if constexpr (std::convertible_to<const T&, std::string_view>)
-            return std::string(std::string_view(field));
+            return use(std::string_view(field));
         else {
             std::string text;
             AppendText(text, field);
-            return text;
+            return use(std::string_view(text));
         }
+    }
+    template <class T>
+    std::string TextOf(const T& field) {
+        return WithText(field, [](std::string_view text) { return std::string(text); });
+    }
+    template <class T>
+    bool HasText(const T& field, std::string_view text) {
+        return WithText(field, [text](std::string_view held) { return held == text; });
+    }
+    template <class T>
+    std::string HeldText(const T& field) {
+        return WithText(field, [](std::string_view text) { return nxXMLNotes::GetShortened(text); });
     }
 
     // An attribute of the record's own element. One that is not there reads as the empty text.
@@ -282,7 +294,7 @@ namespace nxXMLFields {
                 sink.Attribute(name, text);
             }
         }
-        void AppendText(std::string& text) const { text += HeldText(_value); }
+        void AppendText(std::string& text) const { text += TextOf(_value); }
         static nxXMLValueDescription DescribeValue() { return ValueOf<std::remove_const_t<T>>::Describe(); }
 
     private:
@@ -427,7 +439,10 @@ namespace nxXMLFields {
                 const auto kind = IsAttribute<T> ? nxXMLNotes::Kind::Attribute
                                   : IsList<T>    ? nxXMLNotes::Kind::List
                                                  : nxXMLNotes::Kind::Element;
-                _context.notes->Asks(_parent, {std::string(name), kind, {}, isWritten, HeldText(field)});
+                nxXMLNotes::Field asked{std::string(name), kind, {}, isWritten, HeldText(field)};
+                if constexpr (!IsList<T>)
+                    asked.describe = &ValueOf<T>::Describe;
+                _context.notes->Asks(_parent, std::move(asked));
             }
         }
         template <class... Traits, class T>
@@ -443,7 +458,7 @@ namespace nxXMLFields {
         void ReadFromParent(std::string_view name, T& field) {
             const nxErrorEnum result = field.ReadFrom(_parent, name, _context);
             if constexpr (Listener::Listens && HasKey<Traits...>)
-                _context.notes->HasKey(_parent, HeldText(field));
+                _context.notes->HasKey(_parent, TextOf(field));
             Take<T>(result, name);
         }
 
@@ -454,11 +469,12 @@ namespace nxXMLFields {
             nxXMLNotes& notes = *_context.notes;
             notes.Takes(_parent, name, node, !IsList<T>);
             if constexpr (!IsList<T>) {
-                std::string held = HeldText(field);
-                if (isKey)
-                    notes.HasKey(_parent, held);
-                if (!result.IsOK() && held != node.GetText())
-                    notes.IsNoValue(node, {}, ValueOf<T>::Describe(), std::move(held));
+                // A text that cannot be read leaves the one before, which may be long, and the next one
+                // again.
+                if (isKey && (result.IsOK() || !std::convertible_to<const T&, std::string_view>))
+                    notes.HasKey(_parent, TextOf(field));
+                if (!result.IsOK() && !HasText(field, node.GetText()))
+                    notes.IsNoValue(node, {}, ValueOf<T>::Describe(), HeldText(field));
             }
         }
 

@@ -19,12 +19,22 @@ namespace {
         return nxStringHelper::Trimmed(text).empty();
     }
 
+    // Nobody would take the digits for null.
+    std::string HeldAs(const nxXMLValueDescription& value, std::string held) {
+        return !value.null.empty() && held == value.null ? "NULL" : std::move(held);
+    }
+
     // Attributes that say something of the document rather than of the record, as editors leave them.
     bool IsOfDocument(std::string_view attribute) {
         return attribute == "xmlns" || attribute.starts_with("xmlns:") || attribute.starts_with("xml:") ||
                attribute.starts_with("xsi:");
     }
 } // namespace
+
+std::string nxXMLNotes::GetShortened(std::string_view text) {
+    constexpr std::size_t Longest = 200; // bytes
+    return nxStringHelper::GetShortened(text, Longest);
+}
 
 void nxXMLNotes::Asks(nxXMLNode parent, Field field) {
     auto& fields = _Of(parent).fields;
@@ -50,8 +60,7 @@ void nxXMLNotes::Takes(nxXMLNode parent, std::string_view field, nxXMLNode node,
 
 void nxXMLNotes::IsNoValue(nxXMLNode node, std::string_view attribute, const nxXMLValueDescription& expected,
                            std::string held) {
-    if (!expected.null.empty() && held == expected.null)
-        held = "NULL"; // digits that nobody would take for it
+    held = HeldAs(expected, std::move(held));
     Notes& notes = _Of(node);
     if (!attribute.empty()) {
         notes.attributeProblems.push_back({std::string(attribute), expected.GetAsString(), std::move(held)});
@@ -91,7 +100,7 @@ public:
 
     void Report(std::string_view rootName, nxXMLReport& report) {
         const nxXMLNode root = _tree.GetRoot();
-        const std::string path = "/" + std::string(root.GetName());
+        const std::string path = "/" + GetShortened(root.GetName());
         if (!root.HasName(rootName))
             Add(Kind::UnknownElement, root, path, {}, std::string(rootName));
         VisitTaken(root, path, {});
@@ -119,8 +128,8 @@ private:
         nxXMLFinding finding;
         finding.kind = kind;
         finding.path = std::move(path);
-        finding.key = key;
-        finding.name = node.GetName();
+        finding.key = GetShortened(key);
+        finding.name = GetShortened(node.GetName());
         finding.expected = std::move(expected);
         std::size_t& count = finding.IsLoss() ? _losses : _missing;
         if (count == MaxFindings)
@@ -177,12 +186,13 @@ private:
                     std::ranges::find(notes.attributeProblems, name, &AttributeProblem::name);
                 if (problem == notes.attributeProblems.end())
                     return;
-                AddNoValue(node, path + "/@" + std::string(name), key, value, *problem).name = name;
+                AddNoValue(node, path + "/@" + GetShortened(name), key, value, *problem).name =
+                    GetShortened(name);
                 PlaceLast(value);
             } else if (!IsOfDocument(name)) {
-                Add(Kind::UnknownAttribute, node, path + "/@" + std::string(name), key,
+                Add(Kind::UnknownAttribute, node, path + "/@" + GetShortened(name), key,
                     Suggest(name, notes, true, isThere))
-                    .name = name;
+                    .name = GetShortened(name);
                 PlaceLast(name);
             }
         });
@@ -226,7 +236,7 @@ private:
             nxXMLFinding& finding =
                 Add(Kind::Missing, node, path + (isAttribute ? "/@" : "/") + field.name, key);
             finding.name = field.name;
-            finding.held = field.held;
+            finding.held = field.describe ? HeldAs(field.describe(), field.held) : field.held;
         }
     }
 
@@ -251,7 +261,7 @@ private:
 
         for (nxXMLNode child = node.GetFirstChild(); child.IsValid(); child = child.GetNext()) {
             Count& count = counts[child.GetName()];
-            std::string childPath = path + "/" + std::string(child.GetName());
+            std::string childPath = path + "/" + GetShortened(child.GetName());
             if (count.all > 1)
                 childPath += "[" + std::to_string(++count.seen) + "]";
             if (NotesOf(child).isTaken)

@@ -26,8 +26,12 @@ public:
         Kind kind = Kind::Element;
         ItemNames itemNames = ItemNames::Fixed;
         bool isAlwaysWritten = false;
-        std::string held; // what the record holds without it
+        std::string held;                              // what the record holds without it
+        nxXMLValueDescription (*describe)() = nullptr; // its value, if it has one
     };
+
+    // As much of a text as a finding repeats.
+    static std::string GetShortened(std::string_view text);
 
     // ---- While reading
 

@@ -3,6 +3,8 @@
 
 #include "xmlFramework/xml/nxXMLReport.h"
 
+#include "core/nxStringHelper.h"
+
 #include <array>
 #include <string_view>
 #include <utility>
@@ -17,16 +19,11 @@ namespace {
     // A text in quotes, as much of it as a line can bear.
     std::string Quoted(std::string_view text) {
         constexpr std::size_t Longest = 80; // bytes
-        if (text.size() <= Longest)
-            return "'" + std::string(text) + "'";
-        std::size_t end = Longest;
-        while ((static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) // within a character
-            --end;
-        return "'" + std::string(text.substr(0, end)) + "...'";
+        return "'" + nxStringHelper::GetShortened(text, Longest) + "'";
     }
 
     std::string Suggestion(const std::string& name) {
-        return name.empty() ? std::string() : ": did you mean '" + name + "'?";
+        return name.empty() ? std::string() : ": did you mean " + Quoted(name) + "?";
     }
 } // namespace
 

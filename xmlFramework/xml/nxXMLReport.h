@@ -10,7 +10,8 @@
 #include <string>
 #include <vector>
 
-// One thing in a document that a record did not take as it stands there.
+// One thing in a document that a record did not take as it stands there. Names, keys and texts that are not
+// the finding's own may stand in any number of findings: more than 200 bytes of one end in "...".
 struct XMLFRAMEWORK_API nxXMLFinding {
     enum class Kind {
         NotWellFormed,    // the text is no XML document; nothing was read

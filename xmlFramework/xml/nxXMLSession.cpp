@@ -12,15 +12,28 @@
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLException.hpp>
 
+#include <atomic>
+#include <limits>
+
 namespace {
     constexpr char SourceFile[] = "xmlFramework/trunk/nxXMLDocument";
 
-    nxXMLSession theSession; // made at load: the parser must not be initialised by two threads at once
-} // namespace
+    // Threads may come when static objects are gone: these are never destroyed.
+    constinit std::atomic<int> bufferCount = 0;
+    constinit std::atomic<int> users = 0;
+    constexpr int Terminated = std::numeric_limits<int>::min(); // instead of a number of users
 
-nxXMLSession& nxXMLSession::Get() {
-    return theSession;
-}
+    bool Join() {
+        int count = users.load();
+        while (count != Terminated) {
+            if (users.compare_exchange_weak(count, count + 1))
+                return true;
+        }
+        return false;
+    }
+
+    const nxXMLSession theSession; // made at load: the parser must not be initialised by two threads at once
+} // namespace
 
 nxXMLSession::nxXMLSession() {
     try {
@@ -35,12 +48,20 @@ nxXMLSession::nxXMLSession() {
 }
 
 nxXMLSession::~nxXMLSession() {
-    if (_initialized)
+    int none = 0;
+    if (_initialized && users.compare_exchange_strong(none, Terminated))
         xercesc::XMLPlatformUtils::Terminate();
 }
 
+nxXMLSession::Use::Use() : _isGranted(Join()) {}
+
+nxXMLSession::Use::~Use() {
+    if (_isGranted)
+        users.fetch_sub(1);
+}
+
 int nxXMLSession::NextBufferNumber() {
-    return _bufferCount.fetch_add(1, std::memory_order_relaxed); // which wraps without overflow
+    return bufferCount.fetch_add(1, std::memory_order_relaxed); // which wraps without overflow
 }
 
 std::string nxXMLSession::NextBufferName() {

@@ -3,11 +3,11 @@
 
 #pragma once
 
-#include <atomic>
 #include <string>
 
 // The parser library's time in the process: initialised when this library is loaded, terminated when it is
-// unloaded. No document may outlive it.
+// unloaded or the process ends, unless a document is still there then, such as that of a thread which goes
+// on.
 class nxXMLSession {
 public:
     nxXMLSession();
@@ -15,15 +15,26 @@ public:
     nxXMLSession(const nxXMLSession&) = delete;
     nxXMLSession& operator=(const nxXMLSession&) = delete;
 
-    // The session of the process.
-    static nxXMLSession& Get();
+    // Keeps the parser from being terminated. From any thread.
+    class Use {
+    public:
+        Use();
+        ~Use();
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+        // Not when the parser has been terminated already: nothing of it may be touched then.
+        bool IsGranted() const { return _isGranted; }
+
+    private:
+        const bool _isGranted;
+    };
 
     // The number of the next in-memory buffer, from 0 on, and its name: "nxMemBufInputSource0". From any
     // thread.
-    int NextBufferNumber();
-    std::string NextBufferName();
+    static int NextBufferNumber();
+    static std::string NextBufferName();
 
 private:
-    std::atomic<int> _bufferCount = 0;
     bool _initialized = false;
 };
