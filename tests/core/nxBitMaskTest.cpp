@@ -52,7 +52,7 @@ TEST(nxBitMaskTests, OfNoBitsAreAllSetButNotAny) {
 }
 
 TEST(nxBitMaskDescription, JoinsTheTextsOfTheBitsFromTheLowest) {
-    EXPECT_EQ(nxKeyboardModifierBitMask(7).GetShortDescription("+"), "Shift+Ctrl+Alt");
+    EXPECT_EQ(nxKeyboardModifierBitMask(15).GetShortDescription("+"), "Shift+Ctrl+Alt+Meta");
     EXPECT_EQ(nxSecurityNodeAccessBaseBitMask(7).GetLongDescription(", "),
               "Read access, Write access, Flag 2 (0x4)");
     EXPECT_EQ(nxGenericBitMask(0xE0000001).GetShortDescription("|"), "Flag 0|Flag 29|NO_CHANGE|NULL");

@@ -3,6 +3,7 @@
 
 #include "xmlFramework/market/nxBrokerMap.h"
 
+#include "tests/support/nxCollectedLog.h"
 #include "tests/support/nxRecordText.h"
 
 #include <vector>
@@ -46,6 +47,17 @@ TEST(nxBrokerMapConvertToXML, WritesTheNamesInOrderOfTheirIDs) {
               "<BrokerMap><Broker id=\"9\" name=\"nine\"/>"
               "<Broker id=\"10\" name=\"T&lt;en> &amp; &quot;co&quot;&#x9;\"/>"
               "<Broker id=\"11\" name=\"nine\"/><Broker id=\"4294967295\" name=\"\"/></BrokerMap>");
+}
+
+TEST(nxBrokerMapConvertToXML, SaysWhichNameXMLCannotCarry) {
+    const nxCollectedLog log;
+    std::string xml = "before";
+    EXPECT_EQ(Make({{1, "\x01"}}).ConvertToXML(xml, ""), nxErrorEnum::XMLTextNotCarried);
+    EXPECT_EQ(xml, "before");
+    EXPECT_EQ(log.Entries(), std::vector<std::string>{
+                                 "Error saving document: in memory \nException message is:  \nan attribute's "
+                                 "value cannot be carried by XML: it holds a character that XML 1.0 does not "
+                                 "allow, in element 'Broker'\n"});
 }
 
 TEST(nxBrokerMapConvertFromXML, TakesEveryChildAsABroker) {

@@ -211,6 +211,11 @@ TEST(nxXMLElementSetCDATAValue, ReadsBackTheSameOrIsRefused) {
     Loaded xml; // the end of a line inside a section is always read as a line feed
     EXPECT_EQ(xml.root.SetCDATAValue("a\r\n"), nxErrorEnum::XMLTextNotCarried);
     EXPECT_EQ(xml.Save(), "not saved");
+    EXPECT_EQ(log.Entries(),
+              std::vector<std::string>{
+                  "Error saving document: in memory \nException message is:  \na CDATA section cannot be "
+                  "carried by XML: it holds a carriage return, which would be read as a line feed, in "
+                  "element 'r'\n"});
 }
 
 TEST(nxXMLElementAttributes, AreAddedOrReplacedAndReadAsTheEmptyTextWhereThereIsNone) {

@@ -151,7 +151,7 @@ TEST(nxXMLEncoding, UTF8IsCheckedAtEveryPlace) {
         }
         for (const std::string& bytes :
              {"\x80"s, "\xC1\xBF"s, "\xE0\x9F\xBF"s, "\xED\xA0\x80"s, "\xF0\x8F\xBF\xBF"s,
-              "\xF4\x90\x80\x80"s, "\xF5\x80\x80\x80"s, "\xE2\x82"s, "\0"s}) {
+              "\xF4\x90\x80\x80"s, "\xF5\x80\x80\x80"s, "\xE2\x82"s, "\xF1\x80\x80("s, "\0"s}) {
             std::string invalid = xml;
             invalid.insert(3 + place, bytes);
             const Strings entries = EntriesOfRefused(invalid);

@@ -51,7 +51,7 @@ namespace {
          "1:17 /KestrumJobSpec/maxtran unknown element 'maxtran': did you mean 'MaxTrans'?\n"},
         {Losses<nxKestrumJobSpec>, "<KestrumJobSpec>\n\t<Price a='1'><b>7</b></Price></KestrumJobSpec>",
          "2:2 /KestrumJobSpec/Price unknown element 'Price'\n"},
-        {Losses<nxKestrumJobSpec>, "<JobSpec/>",
+        {Losses<nxKestrumJobSpec>, "\xEF\xBB\xBF<JobSpec/>",
          "1:1 /JobSpec unknown element 'JobSpec': did you mean 'KestrumJobSpec'?\n"},
         {Losses<nxKestrumJobSpec>,
          "<KestrumJobSpec><MaxTrans>7</MaxTrans><MaxTrans>8</MaxTrans></KestrumJobSpec>",
