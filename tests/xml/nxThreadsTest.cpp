@@ -88,7 +88,7 @@ namespace {
 
 // The system may end a process while threads go on, as those that nobody joins do.
 TEST(nxProcessEnd, MayComeWhileAThreadParses) {
-    constexpr int Processes = 20;
+    constexpr int Processes = 10;
     for (int i = 0; i < Processes; ++i)
         EXPECT_EXIT(
             {
