@@ -230,5 +230,5 @@ void tool::AddCheckCommand(CLI::App& program, Command& chosen) {
     command->add_option("--format", options->format, "text, or json: one object a line for each file")
         ->check(CLI::IsMember({Text, JSON}))
         ->capture_default_str();
-    command->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
+    command->callback([options, &chosen] { chosen.run = [options] { return Check(*options); }; });
 }

@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <iostream>
 #include <map>
+#include <optional>
 
 namespace {
     using namespace tool;
@@ -236,8 +237,11 @@ namespace {
             return Trouble;
         }
 
-        const Comparison comparison(*left.kind, MakeTree(*left.record, *left.kind),
-                                    MakeTree(*right.record, *right.kind));
+        const std::optional<Tree> leftTree = MakeTreeOrComplain(options.left, left);
+        const std::optional<Tree> rightTree = MakeTreeOrComplain(options.right, right);
+        if (!leftTree || !rightTree)
+            return Trouble;
+        const Comparison comparison(*left.kind, *leftTree, *rightTree);
         Print(comparison.GetDifferences(), options.format);
         return comparison.GetDifferences().empty() ? Same : Different;
     }
@@ -252,5 +256,8 @@ void tool::AddDiffCommand(CLI::App& program, Command& chosen) {
     command->add_option("--format", options->format, "text, or json with an object for each difference")
         ->check(CLI::IsMember({"text", "json"}))
         ->capture_default_str();
-    command->callback([options, &chosen] { chosen = [options] { return Diff(*options); }; });
+    command->callback([options, &chosen] {
+        chosen.run = [options] { return Diff(*options); };
+        chosen.trouble = Trouble;
+    });
 }

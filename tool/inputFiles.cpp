@@ -45,13 +45,18 @@ namespace {
             files.problems.push_back(DisplayName(list) + ": " + problem);
             return;
         }
+        bool isEmpty = true;
         for (std::string_view rest = text; !rest.empty();) {
             const std::string_view line = rest.substr(0, rest.find('\n'));
             rest.remove_prefix(std::min(rest.size(), line.size() + 1));
             const std::string_view path = line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-            if (!path.empty())
-                Add(std::string(path), files);
+            if (path.empty())
+                continue;
+            Add(std::string(path), files);
+            isEmpty = false;
         }
+        if (isEmpty)
+            files.problems.push_back(DisplayName(list) + ": there is no path in this list");
     }
 } // namespace
 

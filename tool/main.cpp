@@ -9,12 +9,14 @@
 #include "tool/collectedLog.h"
 #include "tool/color.h"
 #include "tool/commands.h"
+#include "tool/printable.h"
 #include "tool/usage.h"
 
 #include <CLI/CLI.hpp>
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -45,7 +47,7 @@ namespace {
         return WrongUse;
     }
 
-    ExitStatus RunCommandLine(int argc, const char* const* argv) {
+    ExitStatus RunCommandLine(int argc, const char* const* argv, Command& chosen) {
         CLI::App program("Looks at exchange reference data and specification records in XML.",
                          "xmlframework");
         program.set_version_flag("--version", std::string("xmlframework ") + nxVersion::GetLoadedText());
@@ -60,7 +62,6 @@ namespace {
             ->check(CLI::IsMember(ColorChoices()))
             ->capture_default_str();
 
-        Command chosen;
         AddTypesCommand(program, chosen);
         AddCheckCommand(program, chosen);
         AddConvertCommand(program, chosen);
@@ -78,25 +79,28 @@ namespace {
 
         CollectLog(LogLevel(logLevel));
         ChooseColor(color);
-        return chosen();
+        return chosen.run();
     }
 
-    ExitStatus RunAndFlush(int argc, const char* const* argv) {
-        const ExitStatus status = RunCommandLine(argc, argv);
+    ExitStatus RunAndFlush(int argc, const char* const* argv, Command& chosen) {
+        const ExitStatus status = RunCommandLine(argc, argv, chosen);
         if (std::cout.flush())
             return status;
         std::cerr << "xmlframework: cannot write to standard output\n";
-        return SomethingBad;
+        return chosen.trouble;
     }
 } // namespace
 
 int main(int argc, char** argv) {
+    tool::Command chosen;
     try {
-        return RunAndFlush(argc, argv);
+        return RunAndFlush(argc, argv, chosen);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "xmlframework: there is not enough memory\n";
     } catch (const std::exception& error) {
-        std::cerr << "xmlframework: " << error.what() << '\n';
+        std::cerr << "xmlframework: " << Printable(error.what()) << '\n';
     } catch (...) {
         std::cerr << "xmlframework: unexpected exception\n";
     }
-    return tool::SomethingBad;
+    return chosen.trouble;
 }

@@ -192,7 +192,7 @@ namespace {
             return SomethingBad;
 
         // Standard output is for what the command makes: the document, or else the list of changes.
-        Updater updater(*mics, options.xml.output == StandardStream ? std::cerr : std::cout);
+        Updater updater(*mics, IsStandardOutput(options.xml.output) ? std::cerr : std::cout);
         std::erase_if(source->rows,
                       [&](const MICRegister::Row& row) { return !updater.Update(row, *source); });
         updater.TellGone(*source);
@@ -214,7 +214,7 @@ namespace {
 
     std::shared_ptr<Options> SetJob(CLI::App& command, Command& chosen, Job job) {
         const auto options = std::make_shared<Options>();
-        command.callback([options, &chosen, job] { chosen = [options, job] { return job(*options); }; });
+        command.callback([options, &chosen, job] { chosen.run = [options, job] { return job(*options); }; });
         return options;
     }
 

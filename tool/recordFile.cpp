@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
-#include <mutex>
 
 namespace {
     using namespace tool;
@@ -121,22 +120,20 @@ namespace {
 } // namespace
 
 std::string tool::DisplayName(const std::string& path) {
+    if (path.empty())
+        return "''";
     return path == StandardStream ? "<stdin>" : Printable(path);
 }
 
 nxErrorEnum tool::ReadInput(const std::string& path, std::string& contents, std::string& problem) {
-    if (path != StandardStream)
-        return nxFileHelper::Read(path, contents, problem);
-    static std::mutex mutex;
-    const std::lock_guard guard(mutex);
-    contents.assign(std::istreambuf_iterator<char>(std::cin), {});
-    return nxErrorEnum::OK;
+    return path == StandardStream ? ReadStandardInput(contents, problem)
+                                  : nxFileHelper::Read(path, contents, problem);
 }
 
 bool tool::WriteOutput(const std::string& path, std::string_view contents) {
-    if (path == StandardStream) {
-        std::cout << contents;
-        if (OutputWidth() > 0 && !contents.ends_with('\n'))
+    if (std::ostream* const stream = FindOutputStream(path)) {
+        *stream << contents;
+        if (stream == &std::cout && OutputWidth() > 0 && !contents.ends_with('\n'))
             std::cout << '\n';
         return true; // main looks at the stream's state
     }
@@ -144,7 +141,7 @@ bool tool::WriteOutput(const std::string& path, std::string_view contents) {
     std::string problem;
     if (nxFileHelper::Write(path, contents, problem).IsOK())
         return true;
-    std::cerr << "xmlframework: cannot write " << Printable(path) << ": " << problem << '\n';
+    std::cerr << "xmlframework: cannot write " << DisplayName(path) << ": " << problem << '\n';
     return false;
 }
 

@@ -199,6 +199,53 @@ TEST_F(nxTool, LeavesTheOutputFileAsItWasWhenItCannotBeWritten) {
     EXPECT_EQ(_Run({"convert", "in.xml", "-o", "no/such/folder.xml"}).status, 1);
 }
 
+TEST_F(nxTool, UsesStandardStreamsAsWhatTheyAreAndSaysWhatTheyCannotDo) {
+    _Write("a.xml", "<BrokerMap><Broker id='1' name='A'/></BrokerMap>");
+    _Write("b.xml", "<BrokerMap><Broker id='1' name='B'/></BrokerMap>");
+    _Write("lossy.xml", "<BrokerMap x='1'/>");
+    _Write("unwritable.xml", MICList("<MICDefinition-X><MIC>X Y</MIC></MICDefinition-X>"));
+    const std::string written = "<BrokerMap><Broker id=\"1\" name=\"A\"/></BrokerMap>";
+    const std::string failed = ": FAILED 1003000 Input not usable\n";
+    const std::string folder = "<stdin>" + failed + "  Is a directory\n";
+    const std::string twice = "standard input is named twice, and can be read only once\n";
+    const std::string nameless = "'': No such file or directory\n";
+    const std::string unwritable = "unwritable.xml: FAILED 1007006 Text not carried by XML\n"
+                                   "  the record cannot be written\n"
+                                   "  error: Error saving document: in memory";
+    const struct {
+        std::string commands; // of the shell, x being the tool
+        int status;
+        std::string said; // on both streams, its beginning
+    } cases[] = {
+        {"x check - <.", 1, folder},
+        {"x mic import - <.", 1, folder},
+        {"x check @- <.", 1, "xmlframework: <stdin>: Is a directory\n"},
+        {"x check @- </dev/null", 1, "xmlframework: <stdin>: there is no path in this list\n"},
+        {"x check --quiet - - <a.xml", 1, "<stdin>" + failed + "  " + twice},
+        {"echo a.xml | x check --quiet @- @-", 1, "xmlframework: <stdin>: " + twice},
+        {"x diff - - <a.xml", 2, "<stdin>" + failed + "  " + twice},
+        {"x convert - -o lossy.xml <lossy.xml && echo replaced", 1, "<stdin>: note: "},
+        {"x convert - -o a.xml <a.xml && cat a.xml", 0, written},
+        {"{ echo 1; x convert a.xml -o /dev/stdout; x convert a.xml -o /proc/self/fd/1; echo 2; } >out; cat "
+         "out",
+         0, "1\n" + written + written + "2\n"},
+        {"{ echo 1; x convert a.xml -o /dev/fd/2; } 2>&1 >out | cat; cat out", 0, written + "1\n"},
+        {"x diff a.xml b.xml >/dev/full", 2, "xmlframework: cannot write to standard output\n"},
+        {"x show a.xml >/dev/full", 1, "xmlframework: cannot write to standard output\n"},
+        {"x diff unwritable.xml unwritable.xml", 2, unwritable},
+        {"x show --format json unwritable.xml", 1, unwritable},
+        {"x check @", 1, "xmlframework: " + nameless},
+        {"x check ''", 1, "''" + failed},
+        {"x convert a.xml -o ''", 1, "xmlframework: cannot write " + nameless},
+    };
+    for (const auto& [commands, status, said] : cases) {
+        const Outcome outcome = _RunProgram({"sh", "-c", "x() { '" NX_TOOL_PATH "' \"$@\"; }; " + commands});
+        EXPECT_EQ(outcome.status, status) << commands;
+        EXPECT_EQ((outcome.out + outcome.err).substr(0, said.size()), said) << commands;
+    }
+    EXPECT_EQ(_Read("lossy.xml"), "<BrokerMap x='1'/>");
+}
+
 TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
     const auto definition = [](const std::string& name, const std::string& type,
                                const std::string& optional) {
