@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "core/nxStringHelper.h"
 #include "tool/checkOutcome.h"
 #include "tool/commands.h"
 #include "tool/inputFiles.h"
@@ -195,6 +196,15 @@ namespace {
         return CheckFiles(options, algorithm ? &algorithm->Get() : nullptr);
     }
 
+    // What is wrong with a number of jobs; nothing when it is one.
+    std::string CheckJobs(const std::string& text) {
+        constexpr unsigned int Most = 1024;
+        unsigned int jobs = 0;
+        return nxStringHelper::SetFromString(text, jobs).IsOK() && jobs <= Most
+                   ? std::string()
+                   : "'" + text + "' is no number from 0 to " + std::to_string(Most);
+    }
+
     std::vector<std::string> Codes() {
         std::vector<std::string> codes;
         for (const RecordKind& kind : RecordKinds()) {
@@ -224,7 +234,8 @@ void tool::AddCheckCommand(CLI::App& program, Command& chosen) {
                       "--strict, and a file is bad when it leaves something to its default");
     command
         ->add_option("-j,--jobs", options->jobs,
-                     "How many files to read at once; 0: as many as there are cores")
+                     "How many files to read at once, up to 1024; 0: as many as there are cores")
+        ->check(CheckJobs)
         ->capture_default_str();
     command->add_flag("-q,--quiet", options->isQuiet, "Print only what is bad");
     command->add_option("--format", options->format, "text, or json: one object a line for each file")

@@ -18,6 +18,7 @@
 #include <iostream>
 #include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -38,12 +39,26 @@ namespace {
         return level;
     }
 
+    // `help COMMAND` is `COMMAND --help`.
+    std::vector<const char*> TakeArguments(int argc, const char* const* argv) {
+        std::vector<const char*> arguments(argv, argv + argc);
+        if (arguments.size() > 1 && arguments[1] == std::string_view("help")) {
+            arguments.erase(arguments.begin() + 1);
+            arguments.push_back("--help");
+        }
+        return arguments;
+    }
+
     // --help and --version come here as well.
-    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked) {
-        const std::string unknown = asked.get_exit_code() == 0 ? std::string() : DescribeUnknown(program);
-        if (unknown.empty())
-            return program.exit(asked) == 0 ? AllGood : WrongUse;
-        std::cerr << "xmlframework: " << unknown << "\nRun with --help for more information.\n";
+    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked,
+                        const std::vector<const char*>& arguments) {
+        const std::string unknown = DescribeUnknown(program, arguments);
+        if (unknown.empty() && asked.get_exit_code() == 0) {
+            program.exit(asked);
+            return AllGood;
+        }
+        std::cerr << "xmlframework: " << (unknown.empty() ? Printable(asked.what()) : unknown)
+                  << "\nRun with --help for more information.\n";
         return WrongUse;
     }
 
@@ -71,10 +86,11 @@ namespace {
         AddMICCommands(program, chosen);
         AddGenerateCommand(program, chosen);
         AddFooters(program);
+        const std::vector<const char*> arguments = TakeArguments(argc, argv);
         try {
-            program.parse(argc, argv);
+            program.parse(static_cast<int>(arguments.size()), arguments.data());
         } catch (const CLI::ParseError& asked) {
-            return EndEarly(program, asked);
+            return EndEarly(program, asked, arguments);
         }
 
         CollectLog(LogLevel(logLevel));

@@ -27,6 +27,9 @@ TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
                                    {"check"},
                                    {"check", "--type", "NOPE", "some.xml"},
                                    {"check", "--log-level", "loud", "some.xml"},
+                                   {"check", "--jobs", "-1", "some.xml"},
+                                   {"check", "--jobs", "1025", "some.xml"},
+                                   {"check", "--jobs", "99999999999999999999", "some.xml"},
                                    {"convert", "some.xml", "-o"},
                                    {"show", "some.xml", "some.xml"},
                                    {"show", "some.xml", "--format", "yaml"},
@@ -56,6 +59,11 @@ TEST_F(nxTool, SaysWhichCommandOrOptionWasMeant) {
         {{"--log-level", "error", "mic", "exprt", "a.xml"}, "command 'exprt': did you mean 'export'?"},
         {{"hcekc"}, "command 'hcekc': did you mean 'check'?"},
         {{"frobnicate"}, "command 'frobnicate'"},
+        {{"tpyes", "check"}, "command 'tpyes': did you mean 'types'?"},
+        {{"tpyes", "mic", "import"}, "command 'tpyes': did you mean 'types'?"},
+        {{"help", "chekc"}, "command 'chekc': did you mean 'check'?"},
+        {{"check", "-v", "a.xml"}, "option '-v'"},
+        {{"check", "-Q", "a.xml"}, "option '-Q': did you mean '-q'?"},
         {{"check", "a.xml", "--sctrict=1"}, "option '--sctrict': did you mean '--strict'?"},
         {{"check", "a.xml", "--loglevel", "info"}, "option '--loglevel': did you mean '--log-level'?"},
     };
@@ -67,6 +75,26 @@ TEST_F(nxTool, SaysWhichCommandOrOptionWasMeant) {
     }
     for (const Arguments& known : {Arguments{"types", "a.xml"}, {"--pretty", "convert", "a.xml"}})
         EXPECT_EQ(_Run(known).err.find("unknown"), std::string::npos);
+    EXPECT_EQ(_Run({"help", "mic", "import"}).out, _Run({"mic", "import", "--help"}).out);
+}
+
+TEST_F(nxTool, SaysNothingOfACommandLineThatSpeaksToATerminal) {
+    const std::string bad = "\x1B]0;x\a\n\xC2\x9B\u202E";
+    const std::string shown = "\u241B]0;x\u2407\u240A\\u009B\\u202E";
+    for (const Arguments& arguments : {Arguments{"--color", bad, "types"},
+                                       {"--log-level", bad, "types"},
+                                       {"types", bad},
+                                       {bad},
+                                       {"check", "--jobs", bad, "a.xml"},
+                                       {"check", "--type", bad, "a.xml"},
+                                       {"check", "--strict=" + bad, "a.xml"},
+                                       {"show", "a.xml", "--format=" + bad},
+                                       {"mic", "import", "a.csv", "--encoding", bad},
+                                       {"schema", bad}}) {
+        const std::string said = _Run(arguments).err;
+        EXPECT_NE(said.find(shown), std::string::npos) << said;
+        EXPECT_EQ(std::ranges::count(said, '\n'), 2) << said;
+    }
 }
 
 TEST_F(nxTool, SaysInEachHelpHowItEndsAndGivesAnExample) {
