@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <thread>
 
 namespace {
@@ -165,6 +166,20 @@ namespace {
         std::size_t _bad = 0;
     };
 
+    // A file that takes more memory than there is keeps nobody from the others.
+    Printer::Line CheckAndFormat(const std::string& path, const Checker& checker, const Printer& printer) {
+        try {
+            return printer.Format(checker.Check(path));
+        } catch (const std::bad_alloc&) {
+            static_cast<void>(TakeLog());
+            CheckOutcome outcome;
+            outcome.path = path;
+            outcome.result = nxErrorEnum::InputNotUsable;
+            outcome.problems.emplace_back("there is not enough memory");
+            return printer.Format(outcome);
+        }
+    }
+
     ExitStatus CheckFiles(const Options& options, const nxKestrumAlgorithmSpec* algorithm) {
         const InputFiles files = FindInputFiles(options.files);
         for (const std::string& problem : files.problems)
@@ -175,7 +190,7 @@ namespace {
         const std::size_t threads = options.jobs > 0 ? options.jobs : std::thread::hardware_concurrency();
         WorkInOrder(
             files.paths.size(), threads,
-            [&](std::size_t i) { return printer.Format(checker.Check(files.paths[i])); },
+            [&](std::size_t i) { return CheckAndFormat(files.paths[i], checker, printer); },
             [&](const Printer::Line& line) { printer.Print(line); });
         printer.PrintTotals();
         return printer.IsAllGood() && files.problems.empty() ? AllGood : SomethingBad;

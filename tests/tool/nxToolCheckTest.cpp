@@ -7,6 +7,7 @@
 #include "tests/tool/nxToolDocuments.h"
 #include "tool/parallel.h"
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -279,6 +280,30 @@ TEST_F(nxToolCheck, ReadsFoldersAndListsOfPaths) {
     }
 }
 
+TEST_F(nxToolCheck, GoesOnBehindAFolderThatItMayNotRead) {
+    for (const char* const folder : {"d/a/deep", "d/b/c", "d/e"}) {
+        std::filesystem::create_directories(_folder / folder);
+        _Write(folder + std::string("/x.xml"), MICList(""));
+    }
+    std::filesystem::create_directory_symlink("../e", _folder / "d/b/link.xml");
+    Arguments arguments{NX_TOOL_PATH, "check", "d"};
+    if (::geteuid() == 0) { // may read all, unless
+        const Arguments without{"setpriv", "--bounding-set=-dac_override,-dac_read_search",
+                                "--inh-caps=-dac_override,-dac_read_search"};
+        arguments.insert(arguments.begin(), without.begin(), without.end());
+    }
+    for (const char* const folder : {"d/a", "d/b/c"})
+        permissions(_folder / folder, std::filesystem::perms::none);
+    const Outcome outcome = _RunProgram(arguments);
+    for (const char* const folder : {"d/a", "d/b/c"})
+        permissions(_folder / folder, std::filesystem::perms::owner_all);
+    if (outcome.status == 127)
+        GTEST_SKIP() << outcome.err;
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "d/e/x.xml: OK (MIC definition list, 0 items)\n");
+    EXPECT_EQ(outcome.err, "xmlframework: d/a: Permission denied\nxmlframework: d/b/c: Permission denied\n");
+}
+
 // Each file says something of its own, in the log as well.
 TEST_F(nxToolCheck, PrintsTheSameWhateverTheNumberOfThreads) {
     constexpr int Count = 300;
@@ -305,6 +330,43 @@ TEST(nxToolThreads, HandOverWhatTheyThrow) {
     std::iota(expected.begin(), expected.end(), 0);
     EXPECT_EQ(taken, expected);
     EXPECT_TRUE(!taken.empty() && taken.size() <= 700);
+}
+
+TEST(nxToolThreads, AreAsManyAsCanBeStarted) {
+    pthread_attr_t attributes;
+    std::size_t stack = 0;
+    ASSERT_EQ(::pthread_getattr_default_np(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_getstacksize(&attributes, &stack), 0);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{1} << 50U), 0); // no address is that high
+    ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
+    std::size_t taken = 0;
+    tool::WorkInOrder(
+        1000, 3, [](std::size_t i) { return i; }, [&](std::size_t i) { EXPECT_EQ(i, taken++); });
+    EXPECT_EQ(taken, 1000U);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, stack), 0);
+    ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_destroy(&attributes), 0);
+}
+
+TEST_F(nxToolCheck, GoesOnBehindAFileThatTakesMoreMemoryThanThereIs) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "the sanitizers take more memory themselves";
+#endif
+    std::string legs;
+    for (int i = 0; i < 100000; ++i)
+        legs += "<Leg-" + std::to_string(i) + "/>";
+    _Write("legs.xml", "<SyntheticSpreadSpec><Legs>" + legs + "</Legs></SyntheticSpreadSpec>");
+    _Write("good.xml", MICList(""));
+    const std::string good = "good.xml: OK (MIC definition list, 0 items)\n";
+    const auto run = [this](const std::string& arguments) {
+        return _RunProgram({"sh", "-c", "ulimit -v 200000; " NX_TOOL_PATH " " + arguments});
+    };
+    EXPECT_EQ(run("check good.xml legs.xml good.xml").out,
+              good + "legs.xml: FAILED 1003000 Input not usable\n  there is not enough memory\n" + good +
+                  "3 files: 2 OK, 1 FAILED\n");
+    const Outcome diff = run("diff legs.xml legs.xml");
+    EXPECT_EQ(diff.status, 2);
+    EXPECT_EQ(diff.err, "xmlframework: there is not enough memory\n");
 }
 
 // The first file is there late, the others at once.
