@@ -28,16 +28,22 @@ namespace {
                "</Leg-0><Leg-1><HedgeAggressionMethod>Market</HedgeAggressionMethod>" + secondLeg + both +
                "</Leg-1></Legs></SyntheticSpreadSpec>";
     }
+    std::string Many(int count) {
+        std::string text;
+        while (count-- > 0)
+            text += "\u00E9";
+        return text;
+    }
     std::string UTF16(const std::string& ascii) {
         std::string utf16 = "\xFE\xFF";
         for (const char c : ascii)
             utf16.append(1, '\0').append(1, c);
         return utf16;
     }
-    std::string Hours(const std::string& periods) {
-        return "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
-               "<Periods>" +
-               periods + "</Periods></Scheme></TradingHoursSchemes></TradingHoursSchemesList>";
+    std::string Hours(const std::string& periods, const std::string& name = "Night") {
+        return "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>" + name +
+               "</SchemeName><Periods>" + periods +
+               "</Periods></Scheme></TradingHoursSchemes></TradingHoursSchemesList>";
     }
     std::string Period(const std::string& startDay, const std::string& endDay) {
         return "<Period><SessionType>CONTINUOUS_TRADING</SessionType><StartTimeZoneRegion>Europe/Oslo"
@@ -223,6 +229,10 @@ TEST_F(nxToolCheck, NamesTheItemThatIsNotValidAndWhy) {
          "  trading hours scheme 'Night', period 1: start day 5 is behind end day 4\n"
          "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"
          "  trading hours scheme 'Night', period 3: start day 9 is beyond 6\n"},
+        {Hours(Period("5", "4"), Many(100)),
+         "  trading hours scheme '" + Many(100) + "', period 1: start day 5 is behind end day 4\n"},
+        {Hours(Period("5", "4"), Many(101)),
+         "  trading hours scheme '" + Many(100) + "…', period 1: start day 5 is behind end day 4\n"},
         {"<OrvalenPriceStatistics/>", "  the user is not known: userID is NULL\n"},
         {"<SyntheticSpreadSpec/>", "  error: Spec must contain at least 2 legs\n"},
         {Spread("<ConditionalPayup>true</ConditionalPayup><PayupTicks>2</PayupTicks>",
