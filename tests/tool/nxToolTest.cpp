@@ -9,6 +9,8 @@
 #include <ostream>
 #include <regex>
 
+using namespace std::string_literals;
+
 namespace {
     constexpr char Header13[] = "COUNTRY,ISO COUNTRY CODE (ISO 3166),MIC,OPERATING MIC,O/S,"
                                 "NAME-INSTITUTION DESCRIPTION,ACRONYM,CITY,WEBSITE,STATUS DATE,STATUS,"
@@ -398,6 +400,27 @@ TEST_F(nxTool, NamesEachRowThatItCannotUseAndUsesTheOthers) {
         const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
         EXPECT_TRUE(problem.ends_with(ending)) << problem;
     }
+    const std::string separated = "codes: its columns seem to be separated by ";
+    for (const auto& [csv, reason] :
+         {std::pair("\"MIC\";\"CITY\"\n\"A\";\"B\"\n"s, separated + "';' instead of ','; the header"),
+          std::pair("MIC\tCITY, TOWN\tSTATUS\n"s, separated + "'\u2409' instead of ','; the header"),
+          std::pair("\xFE\xFF\0M\0I\0C"s, "codes: its encoding seems to be UTF-16, which is not read; the"s),
+          std::pair("M\0I\0C\0,\0"s, "codes: its encoding seems to be UTF-16, which is not read; the"s)}) {
+        _Write("other.csv", csv);
+        const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
+        EXPECT_NE(problem.find(reason), std::string::npos) << problem;
+    }
+}
+
+TEST_F(nxTool, NamesEachMICThatAnExportCannotBringBack) {
+    _Write("mics.xml", MICList("<MICDefinition-A.B><MIC>A.B</MIC></MICDefinition-A.B>"
+                               "<MICDefinition-C><MIC>C</MIC></MICDefinition-C>"));
+    const Outcome outcome = _Run({"mic", "export", "mics.xml", "-o", "mics.csv"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.err, "mics.xml: note: no import will use this row: 'A.B' is no MIC: it has other "
+                           "characters than letters and digits\n");
+    EXPECT_EQ(_Read("mics.csv"),
+              std::string(Header13) + ",,A.B,,S,,,,,,DELETED,,\r\n,,C,,S,,,,,,DELETED,,\r\n");
 }
 
 TEST_F(nxTool, UpdatesDefinitionsAndTellsWhatChanges) {
