@@ -24,7 +24,7 @@ namespace tool {
         std::string Format(const nxXMLFinding& finding);
 
     private:
-        void _GoTo(std::size_t line, std::size_t column);
+        void _GoTo(const nxXMLFinding& finding);
         std::string _FormatSource(const nxXMLFinding& finding);
 
         std::string _name;

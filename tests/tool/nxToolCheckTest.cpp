@@ -144,6 +144,9 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
         {"<A>\n東𠀀<B>ก</C></A>", "a.xml:2:9: expected end of tag 'B'\n"
                                   "  2 | 東𠀀<B>ก</C></A>\n"
                                   "    |           ^\n"},
+        {"<A>\r<B>\r\n\r</C>\r</A>", "a.xml:4:3: expected end of tag 'B'\n"
+                                     "  4 | </C>\n"
+                                     "    |   ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
                     "    |        ^\n"},
