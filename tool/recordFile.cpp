@@ -23,12 +23,16 @@ namespace {
         text.remove_prefix(found == std::string_view::npos ? text.size() : found + mark.size());
     }
 
+    void SkipByteOrderMark(std::string_view& text) {
+        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; text.starts_with(Mark))
+            text.remove_prefix(Mark.size());
+    }
+
     // What seems to be the root element's name. It is the true one when a record has such a name and the
     // document is well-formed, which reading it will tell; for all others the parser is asked.
     std::string_view GuessRoot(std::string_view xml) {
         constexpr std::string_view Blanks = " \t\r\n";
-        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; xml.starts_with(Mark))
-            xml.remove_prefix(Mark.size());
+        SkipByteOrderMark(xml);
         for (;;) {
             xml.remove_prefix(std::min(xml.find_first_not_of(Blanks), xml.size()));
             if (xml.starts_with("<?"))
@@ -71,8 +75,8 @@ namespace {
 
     // A finding for a root element that no record has. `name` is where it stands in the contents.
     nxXMLFinding UnknownRoot(std::string_view contents, std::string_view name) {
-        const std::string_view before =
-            contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
+        std::string_view before = contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
+        SkipByteOrderMark(before);
         const std::string_view line = before.substr(before.rfind('\n') + 1); // npos + 1 is 0
         const auto beginsCharacter = [](char byte) {
             return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;

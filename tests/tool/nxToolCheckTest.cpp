@@ -147,6 +147,10 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
         {"<A>\r<B>\r\n\r</C>\r</A>", "a.xml:4:3: expected end of tag 'B'\n"
                                      "  4 | </C>\n"
                                      "    |   ^\n"},
+        {"\xEF\xBB\xBF<Other/>", "  no record has the root element \"Other\"\n"
+                                 "a.xml:1:1: /Other: unknown element 'Other'\n"
+                                 "  1 | <Other/>\n"
+                                 "    | ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
                     "    |        ^\n"},
