@@ -26,11 +26,6 @@ namespace {
         return rest.size() == size - 1 && std::ranges::all_of(rest, IsContinuation) ? size : 1;
     }
 
-    // To the parser, a carriage return without a line feed ends a line as well.
-    bool EndsLine(std::string_view text, bool isOfParser) {
-        return text.starts_with('\n') || (isOfParser && text.starts_with('\r') && !text.starts_with("\r\n"));
-    }
-
     // Up to the end of the line, or somewhat more than is shown: the line may have millions of characters.
     std::string_view RestOfLine(std::string_view text) {
         text = text.substr(0, 4 * ShownBehind + 1);
@@ -57,6 +52,10 @@ namespace {
     }
 } // namespace
 
+bool tool::EndsLine(std::string_view text) {
+    return text.starts_with('\n') || (text.starts_with('\r') && !text.starts_with("\r\n"));
+}
+
 tool::FindingLines::FindingLines(const std::string& path, std::string_view contents, Stream stream)
     : _name(DisplayName(path)), _stream(stream), _contents(contents) {
     if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; _contents.starts_with(Mark))
@@ -66,11 +65,10 @@ tool::FindingLines::FindingLines(const std::string& path, std::string_view conte
     _at = _lineBegin = _contents.data();
 }
 
-void tool::FindingLines::_GoTo(const nxXMLFinding& finding) {
-    const bool isOfParser = finding.kind == nxXMLFinding::Kind::NotWellFormed;
+void tool::FindingLines::_GoTo(std::size_t line, std::size_t column) {
     const char* const end = _contents.data() + _contents.size();
-    while (_at < end && (_line < finding.line || (_line == finding.line && _column < finding.column))) {
-        if (EndsLine({_at, end}, isOfParser)) {
+    while (_at < end && (_line < line || (_line == line && _column < column))) {
+        if (EndsLine({_at, end})) {
             ++_line;
             _column = 1;
             _lineBegin = ++_at;
@@ -84,7 +82,7 @@ void tool::FindingLines::_GoTo(const nxXMLFinding& finding) {
 std::string tool::FindingLines::_FormatSource(const nxXMLFinding& finding) {
     if (finding.line == 0 || _contents.empty())
         return {};
-    _GoTo(finding);
+    _GoTo(finding.line, finding.column);
     const std::string_view before = Before({_lineBegin, _at});
     const std::string_view rest = RestOfLine({_at, _contents.data() + _contents.size()});
     const std::string_view behind = Behind(rest);

@@ -24,7 +24,7 @@ namespace tool {
         std::string Format(const nxXMLFinding& finding);
 
     private:
-        void _GoTo(const nxXMLFinding& finding);
+        void _GoTo(std::size_t line, std::size_t column);
         std::string _FormatSource(const nxXMLFinding& finding);
 
         std::string _name;
@@ -35,6 +35,10 @@ namespace tool {
         std::size_t _column = 1;
         const char* _lineBegin;
     };
+
+    // Whether a line ends with the first character of the text, as findings count lines: a carriage return
+    // without a line feed ends one as well.
+    bool EndsLine(std::string_view text);
 
     // All that are a loss.
     std::string FormatLosses(const std::string& path, std::string_view contents,

@@ -75,17 +75,22 @@ namespace {
 
     // A finding for a root element that no record has. `name` is where it stands in the contents.
     nxXMLFinding UnknownRoot(std::string_view contents, std::string_view name) {
-        std::string_view before = contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
-        SkipByteOrderMark(before);
-        const std::string_view line = before.substr(before.rfind('\n') + 1); // npos + 1 is 0
         const auto beginsCharacter = [](char byte) {
             return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
         };
         nxXMLFinding finding;
         finding.path = "/" + std::string(name);
         finding.name = name;
-        finding.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1;
-        finding.column = static_cast<std::size_t>(std::ranges::count_if(line, beginsCharacter)); // of the "<"
+        finding.line = 1;
+        std::string_view before = contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
+        SkipByteOrderMark(before);
+        for (; !before.empty(); before.remove_prefix(1)) { // up to the "<", which is counted
+            if (EndsLine(before)) {
+                ++finding.line;
+                finding.column = 0;
+            } else if (beginsCharacter(before.front()))
+                ++finding.column;
+        }
         return finding;
     }
 

@@ -151,6 +151,13 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
                                  "a.xml:1:1: /Other: unknown element 'Other'\n"
                                  "  1 | <Other/>\n"
                                  "    | ^\n"},
+        {"<?xml version='1.0'?>\r\r<!DOCTYPE A>\r<A/>", "a.xml:3:1: a DOCTYPE is not allowed\n"
+                                                        "  3 | <!DOCTYPE A>\n"
+                                                        "    | ^\n"},
+        {"<?xml version='1.0'?>\r\n\r <Other/>\r", "  no record has the root element \"Other\"\n"
+                                                   "a.xml:3:2: /Other: unknown element 'Other'\n"
+                                                   "  3 |  <Other/>\n"
+                                                   "    |  ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
                     "    |        ^\n"},
@@ -194,6 +201,11 @@ TEST_F(nxToolCheck, ShowsWhatIsLostInItsPlaceWhenItIsStrict) {
         "  3 | …                              <X>\\u0085</X>                                          …\n"
         "    |                                ^\n"
         "  note: 8 elements are not there and have their defaults: see --complete\n");
+    EXPECT_EQ(_Check("<BrokerMap>\r\n\r  <X/></BrokerMap>", {"check", "--log-level", "fatal"}),
+              "a.xml:3:3: /BrokerMap/X: item 'X': left out, as it cannot be read: Value not parsed\n"
+              "  3 |   <X/></BrokerMap>\n"
+              "    |   ^\n"
+              "  note: 1 remark: see --strict\n");
     EXPECT_EQ(_Check("<BrokerMap><Broker id='1'/></BrokerMap>", {"check", "--complete"}),
               "  the record is read, but does not hold just what the document says\n"
               "a.xml:1:12: /BrokerMap/Broker/@name: element 'name' is missing\n"
