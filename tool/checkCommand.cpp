@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The XMLFramework authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "core/nxStringHelper.h"
 #include "tool/checkOutcome.h"
 #include "tool/commands.h"
 #include "tool/inputFiles.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <thread>
 
 namespace {
@@ -164,6 +166,20 @@ namespace {
         std::size_t _bad = 0;
     };
 
+    // A file that takes more memory than there is keeps nobody from the others.
+    Printer::Line CheckAndFormat(const std::string& path, const Checker& checker, const Printer& printer) {
+        try {
+            return printer.Format(checker.Check(path));
+        } catch (const std::bad_alloc&) {
+            static_cast<void>(TakeLog());
+            CheckOutcome outcome;
+            outcome.path = path;
+            outcome.result = nxErrorEnum::InputNotUsable;
+            outcome.problems.emplace_back("there is not enough memory");
+            return printer.Format(outcome);
+        }
+    }
+
     ExitStatus CheckFiles(const Options& options, const nxKestrumAlgorithmSpec* algorithm) {
         const InputFiles files = FindInputFiles(options.files);
         for (const std::string& problem : files.problems)
@@ -174,7 +190,7 @@ namespace {
         const std::size_t threads = options.jobs > 0 ? options.jobs : std::thread::hardware_concurrency();
         WorkInOrder(
             files.paths.size(), threads,
-            [&](std::size_t i) { return printer.Format(checker.Check(files.paths[i])); },
+            [&](std::size_t i) { return CheckAndFormat(files.paths[i], checker, printer); },
             [&](const Printer::Line& line) { printer.Print(line); });
         printer.PrintTotals();
         return printer.IsAllGood() && files.problems.empty() ? AllGood : SomethingBad;
@@ -193,6 +209,15 @@ namespace {
             return WrongUse;
         }
         return CheckFiles(options, algorithm ? &algorithm->Get() : nullptr);
+    }
+
+    // What is wrong with a number of jobs; nothing when it is one.
+    std::string CheckJobs(const std::string& text) {
+        constexpr unsigned int Most = 1024;
+        unsigned int jobs = 0;
+        return nxStringHelper::SetFromString(text, jobs).IsOK() && jobs <= Most
+                   ? std::string()
+                   : "'" + text + "' is no number from 0 to " + std::to_string(Most);
     }
 
     std::vector<std::string> Codes() {
@@ -224,11 +249,12 @@ void tool::AddCheckCommand(CLI::App& program, Command& chosen) {
                       "--strict, and a file is bad when it leaves something to its default");
     command
         ->add_option("-j,--jobs", options->jobs,
-                     "How many files to read at once; 0: as many as there are cores")
+                     "How many files to read at once, up to 1024; 0: as many as there are cores")
+        ->check(CheckJobs)
         ->capture_default_str();
     command->add_flag("-q,--quiet", options->isQuiet, "Print only what is bad");
     command->add_option("--format", options->format, "text, or json: one object a line for each file")
         ->check(CLI::IsMember({Text, JSON}))
         ->capture_default_str();
-    command->callback([options, &chosen] { chosen = [options] { return Check(*options); }; });
+    command->callback([options, &chosen] { chosen.run = [options] { return Check(*options); }; });
 }

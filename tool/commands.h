@@ -17,7 +17,11 @@ namespace tool {
         SomeLeftOut = 3,  // the output is written, but not all of the input is in it
     };
 
-    using Command = std::function<ExitStatus()>;
+    // What a command line asks for.
+    struct Command {
+        std::function<ExitStatus()> run;
+        ExitStatus trouble = SomethingBad; // when it does not come to its end, or its output is not written
+    };
 
     // Each adds one command with its options to the program. When the command line names it, `chosen` becomes
     // what is to be done.

@@ -38,5 +38,5 @@ void tool::AddConvertCommand(CLI::App& program, Command& chosen) {
     command->add_flag("--lossy", options->files.isLossy,
                       "Write over the input even where the record does not hold all of it");
     command->add_flag("--pretty", options->isPretty, "Write each element in a line of its own, indented");
-    command->callback([options, &chosen] { chosen = [options] { return Convert(*options); }; });
+    command->callback([options, &chosen] { chosen.run = [options] { return Convert(*options); }; });
 }

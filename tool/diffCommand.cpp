@@ -12,8 +12,10 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 #include <map>
+#include <optional>
 
 namespace {
     using namespace tool;
@@ -30,13 +32,15 @@ namespace {
         std::string format{"text"};
     };
 
+    // Told as soon as it is found, since a path may be long.
     struct Difference {
-        enum class Kind { Added, Removed, Changed };
+        enum Kind : std::size_t { Added, Removed, Changed };
+        static constexpr std::size_t KindCount = 3;
 
         Kind kind;
-        std::vector<std::string> path; // names of fields, keys or places of items
-        Tree left;                     // of what is removed or changed
-        Tree right;                    // of what is added or changed
+        const std::vector<std::string>* path; // names of fields, keys or places of items
+        const Tree* left;                     // of what is removed or changed
+        const Tree* right;                    // of what is added or changed
     };
 
     // What a text stands for: null for none, and a number's states by their names.
@@ -75,11 +79,16 @@ namespace {
     // Finds how two trees of one class of records differ, by the description of the class.
     class Comparison {
     public:
-        Comparison(const RecordKind& kind, const Tree& left, const Tree& right) {
+        using Tell = void (*)(const Difference& difference);
+
+        Comparison(const RecordKind& kind, const Tree& left, const Tree& right, Tell tell) : _tell(tell) {
             CompareRecords(kind.description.fields, left, right);
         }
 
-        const std::vector<Difference>& GetDifferences() const { return _differences; }
+        std::size_t Count(Difference::Kind kind) const { return _counts[kind]; }
+        bool IsEmpty() const {
+            return std::ranges::all_of(_counts, [](std::size_t count) { return count == 0; });
+        }
 
     private:
         struct Item {
@@ -106,7 +115,7 @@ namespace {
             const Tree leftValue = Value(description, left);
             const Tree rightValue = Value(description, right);
             if (!AreSame(description, leftValue, rightValue))
-                Add(Difference::Kind::Changed, leftValue, rightValue);
+                Add(Difference::Changed, &leftValue, &rightValue);
         }
 
         void CompareLists(const nxXMLFieldDescription& list, const Tree& left, const Tree& right) {
@@ -119,7 +128,7 @@ namespace {
                 _path.push_back(item.name);
                 const auto other = rightByName.find(item.name);
                 if (other == rightByName.end())
-                    Add(Difference::Kind::Removed, *item.tree, nullptr);
+                    Add(Difference::Removed, item.tree, nullptr);
                 else {
                     CompareItems(list, *item.tree, *other->second);
                     rightByName.erase(other);
@@ -130,7 +139,7 @@ namespace {
                 if (!rightByName.contains(item.name))
                     continue;
                 _path.push_back(item.name);
-                Add(Difference::Kind::Added, nullptr, *item.tree);
+                Add(Difference::Added, nullptr, item.tree);
                 _path.pop_back();
             }
         }
@@ -166,12 +175,14 @@ namespace {
             return list.itemName + "[" + std::to_string(place + 1) + "]";
         }
 
-        void Add(Difference::Kind kind, Tree left, Tree right) {
-            _differences.push_back({kind, _path, std::move(left), std::move(right)});
+        void Add(Difference::Kind kind, const Tree* left, const Tree* right) {
+            ++_counts[kind];
+            _tell({kind, &_path, left, right});
         }
 
+        Tell _tell;
         std::vector<std::string> _path;
-        std::vector<Difference> _differences;
+        std::array<std::size_t, Difference::KindCount> _counts{};
     };
 
     std::string Text(const Tree& value) {
@@ -180,48 +191,40 @@ namespace {
 
     void PrintLine(const Difference& difference) {
         std::string path;
-        for (const std::string& name : difference.path)
-            path.append(path.empty() ? "" : "/").append(name);
+        for (const std::string& name : *difference.path)
+            path.append(path.empty() ? "" : "/").append(Shortened(name));
         path += ": ";
         switch (difference.kind) {
-        case Difference::Kind::Added:
+        case Difference::Added:
             std::cout << Paint(Color::Green, Printable(path + "added")) << '\n';
             break;
-        case Difference::Kind::Removed:
+        case Difference::Removed:
             std::cout << Paint(Color::Red, Printable(path + "removed")) << '\n';
             break;
-        case Difference::Kind::Changed:
-            std::cout << Printable(path) << Paint(Color::Red, Printable(Text(difference.left))) << " -> "
-                      << Paint(Color::Green, Printable(Text(difference.right))) << '\n';
+        case Difference::Changed:
+            std::cout << Printable(path) << Paint(Color::Red, Printable(Text(*difference.left))) << " -> "
+                      << Paint(Color::Green, Printable(Text(*difference.right))) << '\n';
             break;
         }
     }
 
     void PrintJSON(const Difference& difference) {
         Tree line = Tree::object();
-        const bool isAdded = difference.kind == Difference::Kind::Added;
-        const bool isRemoved = difference.kind == Difference::Kind::Removed;
+        const bool isAdded = difference.kind == Difference::Added;
+        const bool isRemoved = difference.kind == Difference::Removed;
         line["change"] = isAdded ? "added" : isRemoved ? "removed" : "changed";
-        line["path"] = difference.path;
+        line["path"] = *difference.path;
         if (!isAdded)
-            line["left"] = difference.left;
+            line["left"] = *difference.left;
         if (!isRemoved)
-            line["right"] = difference.right;
+            line["right"] = *difference.right;
         std::cout << line.dump() << '\n';
     }
 
-    std::string Summary(const std::vector<Difference>& differences) {
-        const auto count = [&differences](Difference::Kind kind) {
-            return std::to_string(std::ranges::count(differences, kind, &Difference::kind));
-        };
-        return count(Difference::Kind::Added) + " added, " + count(Difference::Kind::Removed) + " removed, " +
-               count(Difference::Kind::Changed) + " changed";
-    }
-
-    void Print(const std::vector<Difference>& differences, const std::string& format) {
-        std::ranges::for_each(differences, format == "json" ? PrintJSON : PrintLine);
-        if (format != "json" && !differences.empty())
-            std::cout << Summary(differences) << '\n';
+    std::string Summary(const Comparison& comparison) {
+        return std::to_string(comparison.Count(Difference::Added)) + " added, " +
+               std::to_string(comparison.Count(Difference::Removed)) + " removed, " +
+               std::to_string(comparison.Count(Difference::Changed)) + " changed";
     }
 
     ExitStatus Diff(const Options& options) {
@@ -236,10 +239,17 @@ namespace {
             return Trouble;
         }
 
-        const Comparison comparison(*left.kind, MakeTree(*left.record, *left.kind),
-                                    MakeTree(*right.record, *right.kind));
-        Print(comparison.GetDifferences(), options.format);
-        return comparison.GetDifferences().empty() ? Same : Different;
+        const std::optional<Tree> leftTree = MakeTreeOrComplain(options.left, left);
+        const std::optional<Tree> rightTree = MakeTreeOrComplain(options.right, right);
+        if (!leftTree || !rightTree)
+            return Trouble;
+        const bool isJSON = options.format == "json";
+        const Comparison comparison(*left.kind, *leftTree, *rightTree, isJSON ? PrintJSON : PrintLine);
+        if (comparison.IsEmpty())
+            return Same;
+        if (!isJSON)
+            std::cout << Summary(comparison) << '\n';
+        return Different;
     }
 } // namespace
 
@@ -252,5 +262,8 @@ void tool::AddDiffCommand(CLI::App& program, Command& chosen) {
     command->add_option("--format", options->format, "text, or json with an object for each difference")
         ->check(CLI::IsMember({"text", "json"}))
         ->capture_default_str();
-    command->callback([options, &chosen] { chosen = [options] { return Diff(*options); }; });
+    command->callback([options, &chosen] {
+        chosen.run = [options] { return Diff(*options); };
+        chosen.trouble = Trouble;
+    });
 }

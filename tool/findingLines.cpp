@@ -52,6 +52,10 @@ namespace {
     }
 } // namespace
 
+bool tool::EndsLine(std::string_view text) {
+    return text.starts_with('\n') || (text.starts_with('\r') && !text.starts_with("\r\n"));
+}
+
 tool::FindingLines::FindingLines(const std::string& path, std::string_view contents, Stream stream)
     : _name(DisplayName(path)), _stream(stream), _contents(contents) {
     if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; _contents.starts_with(Mark))
@@ -64,7 +68,7 @@ tool::FindingLines::FindingLines(const std::string& path, std::string_view conte
 void tool::FindingLines::_GoTo(std::size_t line, std::size_t column) {
     const char* const end = _contents.data() + _contents.size();
     while (_at < end && (_line < line || (_line == line && _column < column))) {
-        if (*_at == '\n') {
+        if (EndsLine({_at, end})) {
             ++_line;
             _column = 1;
             _lineBegin = ++_at;

@@ -332,7 +332,7 @@ void tool::AddGenerateCommand(CLI::App& program, Command& chosen) {
         ->check(CLI::IsMember({"bash", "man", "zsh"}));
     command->add_option("-o,--output", arguments->output, "File to write instead of standard output");
     command->callback([arguments, &program, &chosen] {
-        chosen = [arguments, &program] {
+        chosen.run = [arguments, &program] {
             return WriteOutput(arguments->output, makers.at(arguments->what)(program)) ? AllGood
                                                                                        : SomethingBad;
         };

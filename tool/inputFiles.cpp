@@ -8,26 +8,43 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
+#include <utility>
 
 namespace {
     using namespace tool;
 
-    void AddFolder(const std::string& folder, InputFiles& files) {
-        std::vector<std::string> found;
+    // Adds what is in a folder, subfolders to those that wait for the same.
+    void ListFolder(const std::filesystem::path& folder, std::vector<std::filesystem::path>& waiting,
+                    InputFiles& found) {
         std::error_code error;
-        std::filesystem::recursive_directory_iterator entry(folder, error);
+        std::filesystem::directory_iterator entry(folder, error);
         for (; !error && entry != end(entry); entry.increment(error)) {
             std::error_code ignored; // a link that leads nowhere is a file that cannot be read
-            if (entry->path().extension() == ".xml" && !entry->is_directory(ignored))
-                found.push_back(entry->path().string());
+            const bool isFolder = entry->is_directory(ignored);
+            if (isFolder && !entry->is_symlink(ignored))
+                waiting.push_back(entry->path());
+            if (!isFolder && entry->path().extension() == ".xml")
+                found.paths.push_back(entry->path().string());
         }
-        std::ranges::sort(found);
         if (error)
-            files.problems.push_back(Printable(folder) + ": " + error.message());
-        else if (found.empty())
-            files.problems.push_back(Printable(folder) + ": there is no *.xml in this folder");
-        files.paths.insert(files.paths.end(), found.begin(), found.end());
+            found.problems.push_back(Printable(folder.string()) + ": " + error.message());
+    }
+
+    void AddFolder(const std::string& folder, InputFiles& files) {
+        InputFiles found;
+        for (std::vector<std::filesystem::path> waiting{folder}; !waiting.empty();) {
+            const std::filesystem::path next = std::move(waiting.back());
+            waiting.pop_back();
+            ListFolder(next, waiting, found);
+        }
+        if (found.paths.empty() && found.problems.empty())
+            found.problems.push_back(Printable(folder) + ": there is no *.xml in this folder");
+        std::ranges::sort(found.paths);
+        std::ranges::sort(found.problems);
+        std::ranges::move(found.paths, std::back_inserter(files.paths));
+        std::ranges::move(found.problems, std::back_inserter(files.problems));
     }
 
     void Add(const std::string& path, InputFiles& files) {
@@ -45,13 +62,18 @@ namespace {
             files.problems.push_back(DisplayName(list) + ": " + problem);
             return;
         }
+        bool isEmpty = true;
         for (std::string_view rest = text; !rest.empty();) {
             const std::string_view line = rest.substr(0, rest.find('\n'));
             rest.remove_prefix(std::min(rest.size(), line.size() + 1));
             const std::string_view path = line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
-            if (!path.empty())
-                Add(std::string(path), files);
+            if (path.empty())
+                continue;
+            Add(std::string(path), files);
+            isEmpty = false;
         }
+        if (isEmpty)
+            files.problems.push_back(DisplayName(list) + ": there is no path in this list");
     }
 } // namespace
 

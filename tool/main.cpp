@@ -9,13 +9,16 @@
 #include "tool/collectedLog.h"
 #include "tool/color.h"
 #include "tool/commands.h"
+#include "tool/printable.h"
 #include "tool/usage.h"
 
 #include <CLI/CLI.hpp>
 
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -36,16 +39,30 @@ namespace {
         return level;
     }
 
+    // `help COMMAND` is `COMMAND --help`.
+    std::vector<const char*> TakeArguments(int argc, const char* const* argv) {
+        std::vector<const char*> arguments(argv, argv + argc);
+        if (arguments.size() > 1 && arguments[1] == std::string_view("help")) {
+            arguments.erase(arguments.begin() + 1);
+            arguments.push_back("--help");
+        }
+        return arguments;
+    }
+
     // --help and --version come here as well.
-    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked) {
-        const std::string unknown = asked.get_exit_code() == 0 ? std::string() : DescribeUnknown(program);
-        if (unknown.empty())
-            return program.exit(asked) == 0 ? AllGood : WrongUse;
-        std::cerr << "xmlframework: " << unknown << "\nRun with --help for more information.\n";
+    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked,
+                        const std::vector<const char*>& arguments) {
+        const std::string unknown = DescribeUnknown(program, arguments);
+        if (unknown.empty() && asked.get_exit_code() == 0) {
+            program.exit(asked);
+            return AllGood;
+        }
+        std::cerr << "xmlframework: " << (unknown.empty() ? Printable(asked.what()) : unknown)
+                  << "\nRun with --help for more information.\n";
         return WrongUse;
     }
 
-    ExitStatus RunCommandLine(int argc, const char* const* argv) {
+    ExitStatus RunCommandLine(int argc, const char* const* argv, Command& chosen) {
         CLI::App program("Looks at exchange reference data and specification records in XML.",
                          "xmlframework");
         program.set_version_flag("--version", std::string("xmlframework ") + nxVersion::GetLoadedText());
@@ -60,7 +77,6 @@ namespace {
             ->check(CLI::IsMember(ColorChoices()))
             ->capture_default_str();
 
-        Command chosen;
         AddTypesCommand(program, chosen);
         AddCheckCommand(program, chosen);
         AddConvertCommand(program, chosen);
@@ -70,33 +86,37 @@ namespace {
         AddMICCommands(program, chosen);
         AddGenerateCommand(program, chosen);
         AddFooters(program);
+        const std::vector<const char*> arguments = TakeArguments(argc, argv);
         try {
-            program.parse(argc, argv);
+            program.parse(static_cast<int>(arguments.size()), arguments.data());
         } catch (const CLI::ParseError& asked) {
-            return EndEarly(program, asked);
+            return EndEarly(program, asked, arguments);
         }
 
         CollectLog(LogLevel(logLevel));
         ChooseColor(color);
-        return chosen();
+        return chosen.run();
     }
 
-    ExitStatus RunAndFlush(int argc, const char* const* argv) {
-        const ExitStatus status = RunCommandLine(argc, argv);
+    ExitStatus RunAndFlush(int argc, const char* const* argv, Command& chosen) {
+        const ExitStatus status = RunCommandLine(argc, argv, chosen);
         if (std::cout.flush())
             return status;
         std::cerr << "xmlframework: cannot write to standard output\n";
-        return SomethingBad;
+        return chosen.trouble;
     }
 } // namespace
 
 int main(int argc, char** argv) {
+    tool::Command chosen;
     try {
-        return RunAndFlush(argc, argv);
+        return RunAndFlush(argc, argv, chosen);
+    } catch (const std::bad_alloc&) {
+        std::cerr << "xmlframework: there is not enough memory\n";
     } catch (const std::exception& error) {
-        std::cerr << "xmlframework: " << error.what() << '\n';
+        std::cerr << "xmlframework: " << Printable(error.what()) << '\n';
     } catch (...) {
         std::cerr << "xmlframework: unexpected exception\n";
     }
-    return tool::SomethingBad;
+    return chosen.trouble;
 }

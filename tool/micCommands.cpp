@@ -192,7 +192,7 @@ namespace {
             return SomethingBad;
 
         // Standard output is for what the command makes: the document, or else the list of changes.
-        Updater updater(*mics, options.xml.output == StandardStream ? std::cerr : std::cout);
+        Updater updater(*mics, IsStandardOutput(options.xml.output) ? std::cerr : std::cout);
         std::erase_if(source->rows,
                       [&](const MICRegister::Row& row) { return !updater.Update(row, *source); });
         updater.TellGone(*source);
@@ -201,20 +201,31 @@ namespace {
         return WriteMICs(options.xml.input, options.xml.output, *file.record, status);
     }
 
+    // Documents may hold MICs that a register does not.
+    ExitStatus ReportRefused(const std::string& path, const std::string& csv) {
+        const MICRegister again = ReadMICRegister(csv, TextEncoding::UTF8);
+        for (const auto& row : again.unusableRows)
+            std::cerr << DisplayName(path) << ": note: no import will use this row: " << Printable(row.reason)
+                      << '\n';
+        return again.unusableRows.empty() ? AllGood : SomeLeftOut;
+    }
+
     ExitStatus Export(const Options& options) {
         nxMICDefinitionList* mics = nullptr;
         const RecordFile file = ReadMICsOrComplain(options.xml.input, mics);
         const std::optional<ExitStatus> judged = file.record ? JudgeLosses(options.xml, file) : std::nullopt;
         if (!judged)
             return SomethingBad;
-        return WriteOutput(options.xml.output, WriteMICRegister(*mics)) ? *judged : SomethingBad;
+        const std::string csv = WriteMICRegister(*mics);
+        const ExitStatus status = std::max(*judged, ReportRefused(options.xml.input, csv));
+        return WriteOutput(options.xml.output, csv) ? status : SomethingBad;
     }
 
     using Job = ExitStatus (*)(const Options&);
 
     std::shared_ptr<Options> SetJob(CLI::App& command, Command& chosen, Job job) {
         const auto options = std::make_shared<Options>();
-        command.callback([options, &chosen, job] { chosen = [options, job] { return job(*options); }; });
+        command.callback([options, &chosen, job] { chosen.run = [options, job] { return job(*options); }; });
         return options;
     }
 

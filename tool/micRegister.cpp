@@ -103,7 +103,22 @@ namespace {
         return found.empty() ? "none" : found;
     }
 
-    Layout FindLayout(const nxCSVFileRow& header) {
+    // Why a text that has not the headings of a register may be one all the same; nothing when it is
+    // unlikely.
+    std::string GuessReason(std::string_view csv) {
+        const std::string_view line = csv.substr(0, csv.find_first_of("\r\n"));
+        if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF") ||
+            line.find('\0') != std::string_view::npos)
+            return "its encoding seems to be UTF-16, which is not read; ";
+        for (const char separator : {';', '\t', '|'}) {
+            if (std::ranges::count(line, separator) > std::ranges::count(line, ','))
+                return std::string("its columns seem to be separated by '") + separator +
+                       "' instead of ','; ";
+        }
+        return {};
+    }
+
+    Layout FindLayout(const nxCSVFileRow& header, std::string_view csv) {
         Layout layout;
         layout.columnCount = header.GetColCount();
         for (unsigned int place = 0; place < layout.columnCount; ++place) {
@@ -123,8 +138,8 @@ namespace {
         }
 
         if (const std::string missing = FindMissing(layout); !missing.empty())
-            layout.problem = "no register of market identifier codes: the header row lacks " + missing +
-                             "; it has " + FindHeadings(header);
+            layout.problem = "no register of market identifier codes: " + GuessReason(csv) +
+                             "the header row lacks " + missing + "; it has " + FindHeadings(header);
         return layout;
     }
 
@@ -232,7 +247,7 @@ MICRegister tool::ReadMICRegister(std::string_view csv, std::optional<TextEncodi
     for (const unsigned int line : reader.GetUnusableLines())
         result.unusableRows.push_back({line, "the quotes do not match", {}});
 
-    const Layout layout = FindLayout(reader.GetHeader());
+    const Layout layout = FindLayout(reader.GetHeader(), csv);
     result.problem = layout.problem;
     result.headingsNotHeld = layout.headingsNotHeld;
     result.hasCountry = layout.places[Country].has_value();

@@ -8,13 +8,15 @@
 #include <cstddef>
 #include <exception>
 #include <future>
+#include <system_error>
 #include <thread>
 #include <type_traits>
 #include <vector>
 
 namespace tool {
     // Calls work(i) for each number below `count`, in `threads` threads at once, and here take(result), in
-    // the order of the numbers, each as soon as it is there. What either throws is thrown here.
+    // the order of the numbers, each as soon as it is there. What either throws is thrown here. Where not as
+    // many threads can be started, fewer do it.
     template <class Work, class Take>
     void WorkInOrder(std::size_t count, std::size_t threads, const Work& work, const Take& take) {
         threads = std::min(threads, count);
@@ -59,8 +61,13 @@ namespace tool {
             std::size_t _end;
         };
         Threads running(next, blockCount);
-        for (std::size_t i = 0; i < threads; ++i)
-            running._threads.emplace_back(run);
+        try {
+            for (std::size_t i = 0; i < threads; ++i)
+                running._threads.emplace_back(run);
+        } catch (const std::system_error&) { // the system allows no more
+            if (running._threads.empty())
+                run();
+        }
         for (auto& block : blocks) {
             for (const Result& result : block.get_future().get())
                 take(result);

@@ -92,6 +92,15 @@ std::string tool::Printable(std::string_view text) {
     return printable;
 }
 
+std::string tool::Shortened(std::string_view name) {
+    constexpr std::size_t Longest = 100;
+    std::string_view rest = name;
+    for (std::size_t i = 0; i < Longest && !rest.empty(); ++i)
+        static_cast<void>(TakeCharacter(rest));
+    std::string shown(name.substr(0, name.size() - rest.size()));
+    return rest.empty() ? shown : shown + "…";
+}
+
 std::size_t tool::CountColumns(std::string_view text) {
     std::size_t count = 0;
     while (!text.empty())

@@ -14,6 +14,10 @@ namespace tool {
     // UTF-8 text "\x" and two.
     std::string Printable(std::string_view text);
 
+    // A name that is told more than once: its first hundred characters, with a dot-dot-dot where that is not
+    // all, so that a long one does not fill the page each time.
+    std::string Shortened(std::string_view name);
+
     // How many columns of a terminal a text from Printable takes: East-Asian wide characters take two,
     // combining ones none.
     std::size_t CountColumns(std::string_view text);

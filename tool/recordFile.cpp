@@ -14,7 +14,6 @@
 #include <algorithm>
 #include <iostream>
 #include <iterator>
-#include <mutex>
 
 namespace {
     using namespace tool;
@@ -24,12 +23,16 @@ namespace {
         text.remove_prefix(found == std::string_view::npos ? text.size() : found + mark.size());
     }
 
+    void SkipByteOrderMark(std::string_view& text) {
+        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; text.starts_with(Mark))
+            text.remove_prefix(Mark.size());
+    }
+
     // What seems to be the root element's name. It is the true one when a record has such a name and the
     // document is well-formed, which reading it will tell; for all others the parser is asked.
     std::string_view GuessRoot(std::string_view xml) {
         constexpr std::string_view Blanks = " \t\r\n";
-        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; xml.starts_with(Mark))
-            xml.remove_prefix(Mark.size());
+        SkipByteOrderMark(xml);
         for (;;) {
             xml.remove_prefix(std::min(xml.find_first_not_of(Blanks), xml.size()));
             if (xml.starts_with("<?"))
@@ -72,17 +75,22 @@ namespace {
 
     // A finding for a root element that no record has. `name` is where it stands in the contents.
     nxXMLFinding UnknownRoot(std::string_view contents, std::string_view name) {
-        const std::string_view before =
-            contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
-        const std::string_view line = before.substr(before.rfind('\n') + 1); // npos + 1 is 0
         const auto beginsCharacter = [](char byte) {
             return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
         };
         nxXMLFinding finding;
         finding.path = "/" + std::string(name);
         finding.name = name;
-        finding.line = static_cast<std::size_t>(std::ranges::count(before, '\n')) + 1;
-        finding.column = static_cast<std::size_t>(std::ranges::count_if(line, beginsCharacter)); // of the "<"
+        finding.line = 1;
+        std::string_view before = contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
+        SkipByteOrderMark(before);
+        for (; !before.empty(); before.remove_prefix(1)) { // up to the "<", which is counted
+            if (EndsLine(before)) {
+                ++finding.line;
+                finding.column = 0;
+            } else if (beginsCharacter(before.front()))
+                ++finding.column;
+        }
         return finding;
     }
 
@@ -121,22 +129,20 @@ namespace {
 } // namespace
 
 std::string tool::DisplayName(const std::string& path) {
+    if (path.empty())
+        return "''";
     return path == StandardStream ? "<stdin>" : Printable(path);
 }
 
 nxErrorEnum tool::ReadInput(const std::string& path, std::string& contents, std::string& problem) {
-    if (path != StandardStream)
-        return nxFileHelper::Read(path, contents, problem);
-    static std::mutex mutex;
-    const std::lock_guard guard(mutex);
-    contents.assign(std::istreambuf_iterator<char>(std::cin), {});
-    return nxErrorEnum::OK;
+    return path == StandardStream ? ReadStandardInput(contents, problem)
+                                  : nxFileHelper::Read(path, contents, problem);
 }
 
 bool tool::WriteOutput(const std::string& path, std::string_view contents) {
-    if (path == StandardStream) {
-        std::cout << contents;
-        if (OutputWidth() > 0 && !contents.ends_with('\n'))
+    if (std::ostream* const stream = FindOutputStream(path)) {
+        *stream << contents;
+        if (stream == &std::cout && OutputWidth() > 0 && !contents.ends_with('\n'))
             std::cout << '\n';
         return true; // main looks at the stream's state
     }
@@ -144,7 +150,7 @@ bool tool::WriteOutput(const std::string& path, std::string_view contents) {
     std::string problem;
     if (nxFileHelper::Write(path, contents, problem).IsOK())
         return true;
-    std::cerr << "xmlframework: cannot write " << Printable(path) << ": " << problem << '\n';
+    std::cerr << "xmlframework: cannot write " << DisplayName(path) << ": " << problem << '\n';
     return false;
 }
 

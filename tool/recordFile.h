@@ -7,6 +7,7 @@
 #include "tool/collectedLog.h"
 #include "tool/color.h"
 #include "tool/recordKinds.h"
+#include "tool/standardStreams.h"
 #include "xmlFramework/xml/nxXMLReport.h"
 
 #include <memory>
@@ -15,17 +16,14 @@
 #include <vector>
 
 namespace tool {
-    // In place of a file name: standard input, or standard output.
-    inline constexpr std::string_view StandardStream = "-";
-
-    // What messages call an input.
+    // What messages call a file: "<stdin>" for standard input, and two quotes for no name at all.
     std::string DisplayName(const std::string& path);
 
     // The whole file. nxErrorEnum::InputNotUsable, with `problem` for people, when it cannot be read.
     nxErrorEnum ReadInput(const std::string& path, std::string& contents, std::string& problem);
 
-    // Puts the whole text to the file, which appears whole or not at all, or to standard output. False, said
-    // on standard error, when that cannot be done.
+    // Puts the whole text to the file, which appears whole or not at all, or to a standard stream. False,
+    // said on standard error, when that cannot be done.
     bool WriteOutput(const std::string& path, std::string_view contents);
 
     // A record from a file.

@@ -9,8 +9,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-#include <optional>
-#include <stdexcept>
+#include <iostream>
 
 namespace {
     using namespace tool;
@@ -65,16 +64,19 @@ namespace {
     }
 } // namespace
 
-Tree tool::MakeTree(Record& record, const RecordKind& kind) {
+std::optional<Tree> tool::MakeTreeOrComplain(const std::string& path, const RecordFile& file) {
     std::string xml;
-    if (record.ConvertToXML(xml).IsOK()) {
+    nxErrorEnum result = file.record->ConvertToXML(xml);
+    if (result.IsOK()) {
         const std::string noPrefix;
         const nxXMLConversion::Source source{"", {nxLogLevels::Error, "tool/recordTree"}, noPrefix, ""};
         const nxXMLConversion::Reading reading(xml, source);
-        if (reading.GetResult().IsOK())
-            return ItemTree(reading.GetRoot(), kind.description.fields);
+        result = reading.GetResult();
+        if (result.IsOK())
+            return ItemTree(reading.GetRoot(), file.kind->description.fields);
     }
-    throw std::runtime_error("the record cannot be written");
+    std::cerr << FailureLines(path, result, "the record cannot be written") << Format(TakeLog().shown);
+    return std::nullopt;
 }
 
 bool tool::IsList(const nxXMLFieldDescription& field) {

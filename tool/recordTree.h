@@ -3,16 +3,21 @@
 
 #pragma once
 
-#include "tool/recordKinds.h"
+#include "tool/recordFile.h"
 
 #include <nlohmann/json_fwd.hpp>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace tool {
     using Fields = std::vector<nxXMLFieldDescription>;
 
     // A record as a tree: objects of fields, arrays of items, and texts as its document has them. The shape
-    // depends on the class of the record only, never on how many items there are.
-    nlohmann::ordered_json MakeTree(Record& record, const RecordKind& kind);
+    // depends on the class of the record only, never on how many items there are. Nothing, said on standard
+    // error, for a record without an XML form. `file.record` is there.
+    std::optional<nlohmann::ordered_json> MakeTreeOrComplain(const std::string& path, const RecordFile& file);
 
     bool IsList(const nxXMLFieldDescription& field);
     // Under which name a field stands in a tree.

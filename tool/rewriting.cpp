@@ -16,9 +16,12 @@ namespace {
     using namespace tool;
 
     bool IsOntoInput(const Rewriting& rewriting) {
+        if (IsStandardOutput(rewriting.output))
+            return false;
+        if (rewriting.input == StandardStream)
+            return IsStandardInput(rewriting.output);
         std::error_code ignored; // what is not there is no other file
-        return rewriting.input != StandardStream && rewriting.output != StandardStream &&
-               std::filesystem::equivalent(rewriting.input, rewriting.output, ignored);
+        return std::filesystem::equivalent(rewriting.input, rewriting.output, ignored);
     }
 
     bool HasLosses(const RecordFile& file) {

@@ -59,6 +59,6 @@ void tool::AddSchemaCommand(CLI::App& program, Command& chosen) {
     command->callback([options, type, all, &chosen] {
         if (type->empty() && all->empty())
             throw CLI::RequiredError("TYPE or --all");
-        chosen = [options] { return WriteSchema(*options); };
+        chosen.run = [options] { return WriteSchema(*options); };
     });
 }

@@ -26,7 +26,10 @@ namespace {
         if (!file.record)
             return SomethingBad;
         if (options.format == "json") {
-            std::cout << MakeTree(*file.record, *file.kind).dump(2) << '\n';
+            const auto tree = MakeTreeOrComplain(options.file, file);
+            if (!tree)
+                return SomethingBad;
+            std::cout << tree->dump(2) << '\n';
             return AllGood;
         }
 
@@ -48,5 +51,5 @@ void tool::AddShowCommand(CLI::App& program, Command& chosen) {
     command->add_option("--format", options->format, "table, or json with everything that the record holds")
         ->check(CLI::IsMember({"table", "json"}))
         ->capture_default_str();
-    command->callback([options, &chosen] { chosen = [options] { return Show(*options); }; });
+    command->callback([options, &chosen] { chosen.run = [options] { return Show(*options); }; });
 }

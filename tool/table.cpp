@@ -14,6 +14,8 @@ namespace {
     using tool::Table;
 
     constexpr std::size_t Gap = 2;
+    constexpr std::size_t WidestColumn =
+        80; // were there none, one cell could fill all other rows with blanks
     constexpr std::string_view Cut = "\u2026";
 
     icu::UnicodeString Folded(std::string_view text) {
@@ -37,7 +39,8 @@ namespace {
                 line.append(missing, ' ').append(cells[i]);
                 missing = 0;
             }
-            missing += widths[i] - tool::CountColumns(cells[i]) + Gap;
+            const std::size_t columns = tool::CountColumns(cells[i]);
+            missing += std::max(widths[i], columns) - columns + Gap;
         }
         if (width > 0 && tool::CountColumns(line) > width)
             line = std::string(tool::FirstColumns(line, width - 1)).append(Cut);
@@ -60,7 +63,7 @@ std::string tool::Table::Format(std::size_t width) const {
     std::vector<std::size_t> widths(_headings.size());
     for (const Row& line : lines) {
         for (std::size_t i = 0; i < widths.size(); ++i)
-            widths[i] = std::max(widths[i], CountColumns(line[i]));
+            widths[i] = std::max(widths[i], std::min(CountColumns(line[i]), WidestColumn));
     }
 
     std::string text;

@@ -21,7 +21,8 @@ namespace tool {
         // Keeps the rows that have `text` in some cell, in whatever letter case.
         void KeepRowsWith(std::string_view text);
 
-        // A line for the headings and one for each row, with the columns one under the other. Lines of more
+        // A line for the headings and one for each row, with the columns one under the other, but
+        // behind a cell of more than 80 columns, which has its own row to itself. Lines of more
         // than `width` columns are cut, which a dot-dot-dot shows; 0 stands for any width.
         std::string Format(std::size_t width = 0) const;
 

@@ -143,5 +143,5 @@ void tool::AddTypesCommand(CLI::App& program, Command& chosen) {
     command->add_option("--format", *format, "table, or json with everything about their documents")
         ->check(CLI::IsMember({"table", "json"}))
         ->capture_default_str();
-    command->callback([format, &chosen] { chosen = *format == "json" ? PrintJSON : PrintTable; });
+    command->callback([format, &chosen] { chosen.run = *format == "json" ? PrintJSON : PrintTable; });
 }

@@ -71,8 +71,37 @@ namespace {
         }
     }
 
-    std::string Unknown(const char* what, const std::string& name, const std::vector<std::string>& known) {
-        return std::string("unknown ") + what + " '" + Printable(name) + "'" + SuggestName(name, known);
+    // Any letter is near to any other: only the same one in the other case is probably meant.
+    bool IsLetterInOtherCase(std::string_view option, std::string_view other) {
+        constexpr auto CaseBit = 0x20;
+        return option.size() == 2 && other.size() == 2 && (option[1] ^ other[1]) == CaseBit;
+    }
+
+    std::string SuggestOption(const std::string& option, std::vector<std::string> known) {
+        if (option.size() == 2)
+            std::erase_if(known, [&](const auto& other) { return !IsLetterInOtherCase(option, other); });
+        return SuggestName(option, known);
+    }
+
+    std::string Unknown(const char* what, const std::string& name, const std::string& suggestion) {
+        return std::string("unknown ") + what + " '" + Printable(name) + "'" + suggestion;
+    }
+
+    const CLI::App* FindNamedCommand(const CLI::App& app) {
+        const auto named = app.get_subcommands();
+        return named.empty() ? nullptr : named.front();
+    }
+
+    // The command behind whose name the argument stands; the program is one as well.
+    const CLI::App& FindCommandBefore(const std::string& argument, const CLI::App& program,
+                                      const std::vector<const char*>& arguments) {
+        const auto place = [&](const std::string& text) { return std::ranges::find(arguments, text); };
+        const CLI::App* command = &program;
+        for (const CLI::App* next; (next = FindNamedCommand(*command)); command = next) {
+            if (place(next->get_name()) > place(argument))
+                break;
+        }
+        return *command;
     }
 } // namespace
 
@@ -81,24 +110,20 @@ void tool::AddFooters(CLI::App& program) {
     AddFootersBelow(program);
 }
 
-std::string tool::DescribeUnknown(const CLI::App& program) {
-    const CLI::App* command = &program; // the innermost that is named
+std::string tool::DescribeUnknown(const CLI::App& program, const std::vector<const char*>& arguments) {
     std::vector<std::string> options;
-    AddOptionsOf(program, options);
-    while (!command->get_subcommands().empty()) {
-        command = command->get_subcommands().front();
+    for (const CLI::App* command = &program; command; command = FindNamedCommand(*command))
         AddOptionsOf(*command, options);
-    }
 
-    const std::vector<std::string> commands = CommandsOf(*command);
     for (const std::string& argument : program.remaining(true)) {
         const std::string option = argument.substr(0, argument.find('='));
         if (std::ranges::find(options, option) != options.end())
             return {}; // in the wrong place
         if (option.size() > 1 && option.starts_with('-'))
-            return Unknown("option", option, options);
+            return Unknown("option", option, SuggestOption(option, options));
+        const std::vector<std::string> commands = CommandsOf(FindCommandBefore(argument, program, arguments));
         if (!commands.empty())
-            return Unknown("command", argument, commands);
+            return Unknown("command", argument, SuggestName(argument, commands));
     }
     return {};
 }

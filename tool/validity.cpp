@@ -3,6 +3,7 @@
 
 #include "tool/validity.h"
 
+#include "tool/printable.h"
 #include "xmlFramework/market/nxExchangeDefinitionList.h"
 #include "xmlFramework/market/nxMICDefinitionList.h"
 #include "xmlFramework/market/nxOrvalenPriceUsageStatistics.h"
@@ -79,7 +80,7 @@ namespace {
                 if (period.IsValid().IsOK())
                     continue;
                 std::string reason =
-                    "trading hours scheme '" + name + "', period " + std::to_string(number) + ": ";
+                    "trading hours scheme '" + Shortened(name) + "', period " + std::to_string(number) + ": ";
                 const char* separator = "";
                 for (const std::string& fault : FindFaults(period)) {
                     reason.append(separator).append(fault);

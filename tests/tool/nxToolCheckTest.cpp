@@ -7,6 +7,7 @@
 #include "tests/tool/nxToolDocuments.h"
 #include "tool/parallel.h"
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 #include <cstdlib>
@@ -27,16 +28,22 @@ namespace {
                "</Leg-0><Leg-1><HedgeAggressionMethod>Market</HedgeAggressionMethod>" + secondLeg + both +
                "</Leg-1></Legs></SyntheticSpreadSpec>";
     }
+    std::string Many(int count) {
+        std::string text;
+        while (count-- > 0)
+            text += "\u00E9";
+        return text;
+    }
     std::string UTF16(const std::string& ascii) {
         std::string utf16 = "\xFE\xFF";
         for (const char c : ascii)
             utf16.append(1, '\0').append(1, c);
         return utf16;
     }
-    std::string Hours(const std::string& periods) {
-        return "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>Night</SchemeName>"
-               "<Periods>" +
-               periods + "</Periods></Scheme></TradingHoursSchemes></TradingHoursSchemesList>";
+    std::string Hours(const std::string& periods, const std::string& name = "Night") {
+        return "<TradingHoursSchemesList><TradingHoursSchemes><Scheme><SchemeName>" + name +
+               "</SchemeName><Periods>" + periods +
+               "</Periods></Scheme></TradingHoursSchemes></TradingHoursSchemesList>";
     }
     std::string Period(const std::string& startDay, const std::string& endDay) {
         return "<Period><SessionType>CONTINUOUS_TRADING</SessionType><StartTimeZoneRegion>Europe/Oslo"
@@ -137,6 +144,20 @@ TEST_F(nxToolCheck, NamesFileLineAndColumnOfWhatIsNoDocument) {
         {"<A>\n東𠀀<B>ก</C></A>", "a.xml:2:9: expected end of tag 'B'\n"
                                   "  2 | 東𠀀<B>ก</C></A>\n"
                                   "    |           ^\n"},
+        {"<A>\r<B>\r\n\r</C>\r</A>", "a.xml:4:3: expected end of tag 'B'\n"
+                                     "  4 | </C>\n"
+                                     "    |   ^\n"},
+        {"\xEF\xBB\xBF<Other/>", "  no record has the root element \"Other\"\n"
+                                 "a.xml:1:1: /Other: unknown element 'Other'\n"
+                                 "  1 | <Other/>\n"
+                                 "    | ^\n"},
+        {"<?xml version='1.0'?>\r\r<!DOCTYPE A>\r<A/>", "a.xml:3:1: a DOCTYPE is not allowed\n"
+                                                        "  3 | <!DOCTYPE A>\n"
+                                                        "    | ^\n"},
+        {"<?xml version='1.0'?>\r\n\r <Other/>\r", "  no record has the root element \"Other\"\n"
+                                                   "a.xml:3:2: /Other: unknown element 'Other'\n"
+                                                   "  3 |  <Other/>\n"
+                                                   "    |  ^\n"},
         {"<Other>", "a.xml:1:8: input ended before all started tags were ended; last tag started is 'Other'\n"
                     "  1 | <Other>\n"
                     "    |        ^\n"},
@@ -180,6 +201,11 @@ TEST_F(nxToolCheck, ShowsWhatIsLostInItsPlaceWhenItIsStrict) {
         "  3 | …                              <X>\\u0085</X>                                          …\n"
         "    |                                ^\n"
         "  note: 8 elements are not there and have their defaults: see --complete\n");
+    EXPECT_EQ(_Check("<BrokerMap>\r\n\r  <X/></BrokerMap>", {"check", "--log-level", "fatal"}),
+              "a.xml:3:3: /BrokerMap/X: item 'X': left out, as it cannot be read: Value not parsed\n"
+              "  3 |   <X/></BrokerMap>\n"
+              "    |   ^\n"
+              "  note: 1 remark: see --strict\n");
     EXPECT_EQ(_Check("<BrokerMap><Broker id='1'/></BrokerMap>", {"check", "--complete"}),
               "  the record is read, but does not hold just what the document says\n"
               "a.xml:1:12: /BrokerMap/Broker/@name: element 'name' is missing\n"
@@ -222,6 +248,10 @@ TEST_F(nxToolCheck, NamesTheItemThatIsNotValidAndWhy) {
          "  trading hours scheme 'Night', period 1: start day 5 is behind end day 4\n"
          "  trading hours scheme 'Night', period 2: end day 7 is beyond 6\n"
          "  trading hours scheme 'Night', period 3: start day 9 is beyond 6\n"},
+        {Hours(Period("5", "4"), Many(100)),
+         "  trading hours scheme '" + Many(100) + "', period 1: start day 5 is behind end day 4\n"},
+        {Hours(Period("5", "4"), Many(101)),
+         "  trading hours scheme '" + Many(100) + "…', period 1: start day 5 is behind end day 4\n"},
         {"<OrvalenPriceStatistics/>", "  the user is not known: userID is NULL\n"},
         {"<SyntheticSpreadSpec/>", "  error: Spec must contain at least 2 legs\n"},
         {Spread("<ConditionalPayup>true</ConditionalPayup><PayupTicks>2</PayupTicks>",
@@ -279,6 +309,30 @@ TEST_F(nxToolCheck, ReadsFoldersAndListsOfPaths) {
     }
 }
 
+TEST_F(nxToolCheck, GoesOnBehindAFolderThatItMayNotRead) {
+    for (const char* const folder : {"d/a/deep", "d/b/c", "d/e"}) {
+        std::filesystem::create_directories(_folder / folder);
+        _Write(folder + std::string("/x.xml"), MICList(""));
+    }
+    std::filesystem::create_directory_symlink("../e", _folder / "d/b/link.xml");
+    Arguments arguments{NX_TOOL_PATH, "check", "d"};
+    if (::geteuid() == 0) { // may read all, unless
+        const Arguments without{"setpriv", "--bounding-set=-dac_override,-dac_read_search",
+                                "--inh-caps=-dac_override,-dac_read_search"};
+        arguments.insert(arguments.begin(), without.begin(), without.end());
+    }
+    for (const char* const folder : {"d/a", "d/b/c"})
+        permissions(_folder / folder, std::filesystem::perms::none);
+    const Outcome outcome = _RunProgram(arguments);
+    for (const char* const folder : {"d/a", "d/b/c"})
+        permissions(_folder / folder, std::filesystem::perms::owner_all);
+    if (outcome.status == 127)
+        GTEST_SKIP() << outcome.err;
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.out, "d/e/x.xml: OK (MIC definition list, 0 items)\n");
+    EXPECT_EQ(outcome.err, "xmlframework: d/a: Permission denied\nxmlframework: d/b/c: Permission denied\n");
+}
+
 // Each file says something of its own, in the log as well.
 TEST_F(nxToolCheck, PrintsTheSameWhateverTheNumberOfThreads) {
     constexpr int Count = 300;
@@ -305,6 +359,43 @@ TEST(nxToolThreads, HandOverWhatTheyThrow) {
     std::iota(expected.begin(), expected.end(), 0);
     EXPECT_EQ(taken, expected);
     EXPECT_TRUE(!taken.empty() && taken.size() <= 700);
+}
+
+TEST(nxToolThreads, AreAsManyAsCanBeStarted) {
+    pthread_attr_t attributes;
+    std::size_t stack = 0;
+    ASSERT_EQ(::pthread_getattr_default_np(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_getstacksize(&attributes, &stack), 0);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, std::size_t{1} << 50U), 0); // no address is that high
+    ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
+    std::size_t taken = 0;
+    tool::WorkInOrder(
+        1000, 3, [](std::size_t i) { return i; }, [&](std::size_t i) { EXPECT_EQ(i, taken++); });
+    EXPECT_EQ(taken, 1000U);
+    ASSERT_EQ(::pthread_attr_setstacksize(&attributes, stack), 0);
+    ASSERT_EQ(::pthread_setattr_default_np(&attributes), 0);
+    ASSERT_EQ(::pthread_attr_destroy(&attributes), 0);
+}
+
+TEST_F(nxToolCheck, GoesOnBehindAFileThatTakesMoreMemoryThanThereIs) {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+    GTEST_SKIP() << "the sanitizers take more memory themselves";
+#endif
+    std::string legs;
+    for (int i = 0; i < 100000; ++i)
+        legs += "<Leg-" + std::to_string(i) + "/>";
+    _Write("legs.xml", "<SyntheticSpreadSpec><Legs>" + legs + "</Legs></SyntheticSpreadSpec>");
+    _Write("good.xml", MICList(""));
+    const std::string good = "good.xml: OK (MIC definition list, 0 items)\n";
+    const auto run = [this](const std::string& arguments) {
+        return _RunProgram({"sh", "-c", "ulimit -v 200000; " NX_TOOL_PATH " " + arguments});
+    };
+    EXPECT_EQ(run("check good.xml legs.xml good.xml").out,
+              good + "legs.xml: FAILED 1003000 Input not usable\n  there is not enough memory\n" + good +
+                  "3 files: 2 OK, 1 FAILED\n");
+    const Outcome diff = run("diff legs.xml legs.xml");
+    EXPECT_EQ(diff.status, 2);
+    EXPECT_EQ(diff.err, "xmlframework: there is not enough memory\n");
 }
 
 // The first file is there late, the others at once.

@@ -68,6 +68,13 @@ TEST_F(nxTool, ShowsATableInTheColumnsOfATerminalAndWithoutWhatSpeaksToIt) {
                       (shown + std::string(12 - columns + 11, ' ')) +
                       "|\nB                   S    DELETED           123456789012           |\n");
     }
+    // A cell that is wider than most is out of the other rows' way.
+    _Write("mics.xml", MICList(mic("A", std::string(200, 'x')) + mic("B", std::string(80, 'y'))));
+    const std::string before = "                   S    DELETED           ";
+    const std::string rows = _Run({"show", "mics.xml"}).out;
+    EXPECT_EQ(rows.substr(rows.find('\n') + 1), "A" + before + std::string(200, 'x') + std::string(11, ' ') +
+                                                    "|\nB" + before + std::string(80, 'y') +
+                                                    std::string(11, ' ') + "|\n");
     const Outcome gone = _Run({"check", "\xFFgone\x1B[m.xml"});
     EXPECT_EQ(gone.out.substr(0, 15), "\\xFFgone\u241B[m.xml: "s.substr(0, 15)) << gone.out;
 }
@@ -152,6 +159,8 @@ TEST_F(nxTool, TellsHowTwoRecordsDiffer) {
          MappingList(Mapping("other", "4") + Mapping("new", "1") + Mapping("same", "2")),
          "AlgoIDMappings/gone: removed\nAlgoIDMappings/other/AlgoID: '3' -> '4'\n"
          "AlgoIDMappings/new: added\n1 added, 1 removed, 1 changed\n"},
+        {MappingList(Mapping(std::string(101, 'k'), "1")), MappingList(Mapping(std::string(101, 'k'), "2")),
+         "AlgoIDMappings/" + std::string(100, 'k') + "…/AlgoID: '1' -> '2'\n0 added, 0 removed, 1 changed\n"},
         {spread("<Leg-0><TailSize>5</TailSize></Leg-0><Leg-1/>"), spread("<Leg-0/>"),
          "Legs/Leg-0/TailSize: '5' -> null\nLegs/Leg-1: removed\n0 added, 1 removed, 1 changed\n"},
         {spread("<Leg-0><AccountIDOverride>NO_CHANGE</AccountIDOverride></Leg-0>"),

@@ -9,6 +9,8 @@
 #include <ostream>
 #include <regex>
 
+using namespace std::string_literals;
+
 namespace {
     constexpr char Header13[] = "COUNTRY,ISO COUNTRY CODE (ISO 3166),MIC,OPERATING MIC,O/S,"
                                 "NAME-INSTITUTION DESCRIPTION,ACRONYM,CITY,WEBSITE,STATUS DATE,STATUS,"
@@ -27,6 +29,9 @@ TEST_F(nxTool, EndsWithTwoForACommandLineThatMakesNoSense) {
                                    {"check"},
                                    {"check", "--type", "NOPE", "some.xml"},
                                    {"check", "--log-level", "loud", "some.xml"},
+                                   {"check", "--jobs", "-1", "some.xml"},
+                                   {"check", "--jobs", "1025", "some.xml"},
+                                   {"check", "--jobs", "99999999999999999999", "some.xml"},
                                    {"convert", "some.xml", "-o"},
                                    {"show", "some.xml", "some.xml"},
                                    {"show", "some.xml", "--format", "yaml"},
@@ -56,6 +61,11 @@ TEST_F(nxTool, SaysWhichCommandOrOptionWasMeant) {
         {{"--log-level", "error", "mic", "exprt", "a.xml"}, "command 'exprt': did you mean 'export'?"},
         {{"hcekc"}, "command 'hcekc': did you mean 'check'?"},
         {{"frobnicate"}, "command 'frobnicate'"},
+        {{"tpyes", "check"}, "command 'tpyes': did you mean 'types'?"},
+        {{"tpyes", "mic", "import"}, "command 'tpyes': did you mean 'types'?"},
+        {{"help", "chekc"}, "command 'chekc': did you mean 'check'?"},
+        {{"check", "-v", "a.xml"}, "option '-v'"},
+        {{"check", "-Q", "a.xml"}, "option '-Q': did you mean '-q'?"},
         {{"check", "a.xml", "--sctrict=1"}, "option '--sctrict': did you mean '--strict'?"},
         {{"check", "a.xml", "--loglevel", "info"}, "option '--loglevel': did you mean '--log-level'?"},
     };
@@ -67,6 +77,26 @@ TEST_F(nxTool, SaysWhichCommandOrOptionWasMeant) {
     }
     for (const Arguments& known : {Arguments{"types", "a.xml"}, {"--pretty", "convert", "a.xml"}})
         EXPECT_EQ(_Run(known).err.find("unknown"), std::string::npos);
+    EXPECT_EQ(_Run({"help", "mic", "import"}).out, _Run({"mic", "import", "--help"}).out);
+}
+
+TEST_F(nxTool, SaysNothingOfACommandLineThatSpeaksToATerminal) {
+    const std::string bad = "\x1B]0;x\a\n\xC2\x9B\u202E";
+    const std::string shown = "\u241B]0;x\u2407\u240A\\u009B\\u202E";
+    for (const Arguments& arguments : {Arguments{"--color", bad, "types"},
+                                       {"--log-level", bad, "types"},
+                                       {"types", bad},
+                                       {bad},
+                                       {"check", "--jobs", bad, "a.xml"},
+                                       {"check", "--type", bad, "a.xml"},
+                                       {"check", "--strict=" + bad, "a.xml"},
+                                       {"show", "a.xml", "--format=" + bad},
+                                       {"mic", "import", "a.csv", "--encoding", bad},
+                                       {"schema", bad}}) {
+        const std::string said = _Run(arguments).err;
+        EXPECT_NE(said.find(shown), std::string::npos) << said;
+        EXPECT_EQ(std::ranges::count(said, '\n'), 2) << said;
+    }
 }
 
 TEST_F(nxTool, SaysInEachHelpHowItEndsAndGivesAnExample) {
@@ -199,6 +229,53 @@ TEST_F(nxTool, LeavesTheOutputFileAsItWasWhenItCannotBeWritten) {
     EXPECT_EQ(_Run({"convert", "in.xml", "-o", "no/such/folder.xml"}).status, 1);
 }
 
+TEST_F(nxTool, UsesStandardStreamsAsWhatTheyAreAndSaysWhatTheyCannotDo) {
+    _Write("a.xml", "<BrokerMap><Broker id='1' name='A'/></BrokerMap>");
+    _Write("b.xml", "<BrokerMap><Broker id='1' name='B'/></BrokerMap>");
+    _Write("lossy.xml", "<BrokerMap x='1'/>");
+    _Write("unwritable.xml", MICList("<MICDefinition-X><MIC>X Y</MIC></MICDefinition-X>"));
+    const std::string written = "<BrokerMap><Broker id=\"1\" name=\"A\"/></BrokerMap>";
+    const std::string failed = ": FAILED 1003000 Input not usable\n";
+    const std::string folder = "<stdin>" + failed + "  Is a directory\n";
+    const std::string twice = "standard input is named twice, and can be read only once\n";
+    const std::string nameless = "'': No such file or directory\n";
+    const std::string unwritable = "unwritable.xml: FAILED 1007006 Text not carried by XML\n"
+                                   "  the record cannot be written\n"
+                                   "  error: Error saving document: in memory";
+    const struct {
+        std::string commands; // of the shell, x being the tool
+        int status;
+        std::string said; // on both streams, its beginning
+    } cases[] = {
+        {"x check - <.", 1, folder},
+        {"x mic import - <.", 1, folder},
+        {"x check @- <.", 1, "xmlframework: <stdin>: Is a directory\n"},
+        {"x check @- </dev/null", 1, "xmlframework: <stdin>: there is no path in this list\n"},
+        {"x check --quiet - - <a.xml", 1, "<stdin>" + failed + "  " + twice},
+        {"echo a.xml | x check --quiet @- @-", 1, "xmlframework: <stdin>: " + twice},
+        {"x diff - - <a.xml", 2, "<stdin>" + failed + "  " + twice},
+        {"x convert - -o lossy.xml <lossy.xml && echo replaced", 1, "<stdin>: note: "},
+        {"x convert - -o a.xml <a.xml && cat a.xml", 0, written},
+        {"{ echo 1; x convert a.xml -o /dev/stdout; x convert a.xml -o /proc/self/fd/1; echo 2; } >out; cat "
+         "out",
+         0, "1\n" + written + written + "2\n"},
+        {"{ echo 1; x convert a.xml -o /dev/fd/2; } 2>&1 >out | cat; cat out", 0, written + "1\n"},
+        {"x diff a.xml b.xml >/dev/full", 2, "xmlframework: cannot write to standard output\n"},
+        {"x show a.xml >/dev/full", 1, "xmlframework: cannot write to standard output\n"},
+        {"x diff unwritable.xml unwritable.xml", 2, unwritable},
+        {"x show --format json unwritable.xml", 1, unwritable},
+        {"x check @", 1, "xmlframework: " + nameless},
+        {"x check ''", 1, "''" + failed},
+        {"x convert a.xml -o ''", 1, "xmlframework: cannot write " + nameless},
+    };
+    for (const auto& [commands, status, said] : cases) {
+        const Outcome outcome = _RunProgram({"sh", "-c", "x() { '" NX_TOOL_PATH "' \"$@\"; }; " + commands});
+        EXPECT_EQ(outcome.status, status) << commands;
+        EXPECT_EQ((outcome.out + outcome.err).substr(0, said.size()), said) << commands;
+    }
+    EXPECT_EQ(_Read("lossy.xml"), "<BrokerMap x='1'/>");
+}
+
 TEST_F(nxTool, ShowsAJobPairByPairAndChecksItAgainstItsAlgorithm) {
     const auto definition = [](const std::string& name, const std::string& type,
                                const std::string& optional) {
@@ -323,6 +400,27 @@ TEST_F(nxTool, NamesEachRowThatItCannotUseAndUsesTheOthers) {
         const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
         EXPECT_TRUE(problem.ends_with(ending)) << problem;
     }
+    const std::string separated = "codes: its columns seem to be separated by ";
+    for (const auto& [csv, reason] :
+         {std::pair("\"MIC\";\"CITY\"\n\"A\";\"B\"\n"s, separated + "';' instead of ','; the header"),
+          std::pair("MIC\tCITY, TOWN\tSTATUS\n"s, separated + "'\u2409' instead of ','; the header"),
+          std::pair("\xFE\xFF\0M\0I\0C"s, "codes: its encoding seems to be UTF-16, which is not read; the"s),
+          std::pair("M\0I\0C\0,\0"s, "codes: its encoding seems to be UTF-16, which is not read; the"s)}) {
+        _Write("other.csv", csv);
+        const std::string problem = _Run({"mic", "import", "other.csv", "-o", "other.xml"}).err;
+        EXPECT_NE(problem.find(reason), std::string::npos) << problem;
+    }
+}
+
+TEST_F(nxTool, NamesEachMICThatAnExportCannotBringBack) {
+    _Write("mics.xml", MICList("<MICDefinition-A.B><MIC>A.B</MIC></MICDefinition-A.B>"
+                               "<MICDefinition-C><MIC>C</MIC></MICDefinition-C>"));
+    const Outcome outcome = _Run({"mic", "export", "mics.xml", "-o", "mics.csv"});
+    EXPECT_EQ(outcome.status, 3);
+    EXPECT_EQ(outcome.err, "mics.xml: note: no import will use this row: 'A.B' is no MIC: it has other "
+                           "characters than letters and digits\n");
+    EXPECT_EQ(_Read("mics.csv"),
+              std::string(Header13) + ",,A.B,,S,,,,,,DELETED,,\r\n,,C,,S,,,,,,DELETED,,\r\n");
 }
 
 TEST_F(nxTool, UpdatesDefinitionsAndTellsWhatChanges) {

@@ -133,8 +133,10 @@ namespace {
 
     // The parser counts columns in UTF-16, where a character may be two of them.
     std::size_t ColumnInCharacters(std::string_view text, std::size_t line, std::size_t column) {
-        for (; line > 1 && !text.empty(); --line)
-            text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
+        for (; line > 1 && !text.empty(); --line) {
+            text.remove_prefix(std::min(text.find_first_of("\r\n"), text.size()));
+            text.remove_prefix(std::min<std::size_t>(text.starts_with("\r\n") ? 2 : 1, text.size()));
+        }
         std::size_t units = 1;
         std::size_t characters = 1;
         for (const char c : text.substr(0, 3 * column)) { // three bytes a unit at most
