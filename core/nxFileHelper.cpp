@@ -83,9 +83,10 @@ namespace {
     }
 
     // Whether it is the place that allows no file to be put there: the folder may not be written to, or the
-    // file is a mount of its own. The file itself may be open to writing all the same.
+    // file is a mount of its own, or no other can have its access list there. The file itself may be open to
+    // writing all the same.
     bool IsPlaceClosed(int problem) {
-        constexpr std::array Closed = {EACCES, EPERM, EROFS, EBUSY, EXDEV};
+        constexpr std::array Closed = {EACCES, EPERM, EROFS, EBUSY, EXDEV, EOPNOTSUPP, EINVAL};
         return std::ranges::find(Closed, problem) != Closed.end();
     }
 
@@ -123,16 +124,33 @@ namespace {
         return Uninterrupted(
                    [&] { return ::fsetxattr(descriptor, AccessList, list.data(), list.size(), 0); }) == 0;
     }
+    // Owner and group as far as the process may set them.
+    bool SetOwner(int descriptor, const Access& access, struct stat& status) {
+        if (::fstat(descriptor, &status) != 0)
+            return false;
+        constexpr auto Same = static_cast<uid_t>(-1);
+        if (status.st_uid != access.owner && ::fchown(descriptor, access.owner, access.group) == 0)
+            return ::fstat(descriptor, &status) == 0;
+        if (status.st_gid != access.group && ::fchown(descriptor, Same, access.group) == 0)
+            status.st_gid = access.group;
+        return true;
+    }
     bool Grant(int descriptor, const Access& access) {
         struct stat status = {};
-        if (::fstat(descriptor, &status) != 0 || !SetAccessList(descriptor, access.list))
+        if (!SetOwner(descriptor, access, status))
             return false;
         mode_t mode = access.mode;
         if (status.st_uid != access.owner) // nobody is to run it as somebody else than before
             mode &= ~static_cast<mode_t>(S_ISUID);
-        if (status.st_gid != access.group)
-            mode &= ~static_cast<mode_t>(S_ISGID);
-        return Uninterrupted([&] { return ::fchmod(descriptor, mode); }) == 0;
+        if (status.st_gid != access.group) { // what the one group may do is no affair of another
+            mode &= ~static_cast<mode_t>(S_ISGID | S_IRWXG);
+            if (!access.list.empty()) {
+                errno = EPERM;
+                return false;
+            }
+        }
+        return SetAccessList(descriptor, access.list) &&
+               Uninterrupted([&] { return ::fchmod(descriptor, mode); }) == 0;
     }
     // Never open to more people than in the end, even for a moment.
     mode_t FirstMode(const std::optional<Access>& access) {

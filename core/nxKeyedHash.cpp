@@ -15,9 +15,17 @@ namespace {
         if (::getentropy(key.data(), sizeof key) == 0)
             return key;
         // What the system drew when it started the process.
+        // NOLINTNEXTLINE(performance-no-int-to-ptr): as the system hands it out
         std::memcpy(key.data(), reinterpret_cast<const void*>(::getauxval(AT_RANDOM)), sizeof key);
         return key;
     }
+
+    // The same from the first use on, be it from static objects that are made before this library's.
+    const nxKeyedHash::Key& TheKey() {
+        static const nxKeyedHash::Key key = DrawKey();
+        return key;
+    }
+    [[maybe_unused]] const nxKeyedHash::Key& drawnAtLoad = TheKey(); // so that no thread waits for another
 
     // The state of the function, mixed in rounds.
     struct State {
@@ -61,7 +69,9 @@ namespace {
     };
 } // namespace
 
-const nxKeyedHash::Key nxKeyedHash::_key = DrawKey();
+std::size_t nxKeyedHash::operator()(std::string_view text) const {
+    return Get(text, TheKey());
+}
 
 std::uint64_t nxKeyedHash::Get(std::string_view text, const Key& key) noexcept {
     constexpr std::size_t WordSize = sizeof(std::uint64_t);

@@ -18,9 +18,6 @@ public:
     using Key = std::array<std::uint64_t, 2>;
 
     // Not noexcept, so that the standard library's tables keep each hash beside its text.
-    std::size_t operator()(std::string_view text) const { return Get(text, _key); }
+    std::size_t operator()(std::string_view text) const;
     static std::uint64_t Get(std::string_view text, const Key& key) noexcept;
-
-private:
-    static const Key _key;
 };

@@ -225,10 +225,14 @@ std::string nxStringHelper::GetRightTrimmed(std::string_view text) {
 std::string nxStringHelper::GetShortened(std::string_view text, std::size_t longest) {
     if (text.size() <= longest)
         return std::string(text);
+    const auto isWithinCharacter = [text](std::size_t i) {
+        return (static_cast<unsigned char>(text[i]) & 0xC0U) == 0x80U;
+    };
+    constexpr std::size_t LongestCharacter = 4;
     std::size_t end = longest;
-    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) // within a character
+    while (end > 0 && longest - end < LongestCharacter && isWithinCharacter(end))
         --end;
-    return std::string(text.substr(0, end)) + "...";
+    return std::string(text.substr(0, isWithinCharacter(end) ? longest : end)) + "...";
 }
 
 void nxStringHelper::Replace(std::string& text, std::string_view from, std::string_view to) {

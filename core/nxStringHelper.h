@@ -71,8 +71,8 @@ public:
     [[nodiscard]] static std::string_view Trimmed(std::string_view text); // on both sides
     [[nodiscard]] static std::string GetRightTrimmed(std::string_view text);
 
-    // A text of more than `longest` bytes as at most so many of its first ones, whole characters of UTF-8,
-    // and "..." behind them.
+    // A text of more than `longest` bytes as at most so many of its first ones, whole characters where it is
+    // UTF-8, and "..." behind them.
     [[nodiscard]] static std::string GetShortened(std::string_view text, std::size_t longest);
 
     // Replaces every occurrence of `from`, found from left to right, by `to`. An empty `from` replaces

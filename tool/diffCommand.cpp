@@ -233,8 +233,8 @@ namespace {
         if (!left.record || !right.record)
             return Trouble;
         if (left.kind != right.kind) {
-            std::cerr << "xmlframework: " << Printable(options.left) << " is a record of the class "
-                      << left.kind->className << ", " << Printable(options.right) << " one of "
+            std::cerr << "xmlframework: " << DisplayName(options.left) << " is a record of the class "
+                      << left.kind->className << ", " << DisplayName(options.right) << " one of "
                       << right.kind->className << '\n';
             return Trouble;
         }

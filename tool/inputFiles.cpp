@@ -5,6 +5,7 @@
 
 #include "tool/printable.h"
 #include "tool/recordFile.h"
+#include "tool/standardStreams.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -51,6 +52,8 @@ namespace {
         std::error_code ignored;
         if (std::filesystem::is_directory(path, ignored))
             AddFolder(path, files);
+        else if (path == StandardStream && std::ranges::find(files.paths, path) != files.paths.end())
+            files.problems.push_back(DisplayName(path) + ": " + NamedTwice); // whichever is read first
         else
             files.paths.push_back(path);
     }

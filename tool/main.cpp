@@ -40,9 +40,12 @@ namespace {
     }
 
     // `help COMMAND` is `COMMAND --help`.
+    bool AsksForHelp(int argc, const char* const* argv) {
+        return argc > 1 && argv[1] == std::string_view("help") && (argc == 2 || *argv[2] != '-');
+    }
     std::vector<const char*> TakeArguments(int argc, const char* const* argv) {
         std::vector<const char*> arguments(argv, argv + argc);
-        if (arguments.size() > 1 && arguments[1] == std::string_view("help")) {
+        if (AsksForHelp(argc, argv)) {
             arguments.erase(arguments.begin() + 1);
             arguments.push_back("--help");
         }
@@ -50,9 +53,7 @@ namespace {
     }
 
     // --help and --version come here as well.
-    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked,
-                        const std::vector<const char*>& arguments) {
-        const std::string unknown = DescribeUnknown(program, arguments);
+    ExitStatus EndEarly(const CLI::App& program, const CLI::ParseError& asked, const std::string& unknown) {
         if (unknown.empty() && asked.get_exit_code() == 0) {
             program.exit(asked);
             return AllGood;
@@ -90,7 +91,8 @@ namespace {
         try {
             program.parse(static_cast<int>(arguments.size()), arguments.data());
         } catch (const CLI::ParseError& asked) {
-            return EndEarly(program, asked, arguments);
+            const bool isAnswered = asked.get_exit_code() == 0 && !AsksForHelp(argc, argv);
+            return EndEarly(program, asked, isAnswered ? std::string() : DescribeUnknown(program, arguments));
         }
 
         CollectLog(LogLevel(logLevel));

@@ -99,7 +99,7 @@ namespace {
         for (unsigned int i = 0; i < header.GetColCount() && found.size() < Longest; ++i)
             AddToList(found, "'" + header.GetColValue(i) + "'");
         if (found.size() >= Longest)
-            return found.substr(0, Longest) + "...";
+            return nxStringHelper::GetShortened(found, Longest);
         return found.empty() ? "none" : found;
     }
 

@@ -144,7 +144,7 @@ bool tool::WriteOutput(const std::string& path, std::string_view contents) {
         *stream << contents;
         if (stream == &std::cout && OutputWidth() > 0 && !contents.ends_with('\n'))
             std::cout << '\n';
-        return true; // main looks at the stream's state
+        return stream == &std::cout || stream->good(); // main looks at standard output
     }
 
     std::string problem;

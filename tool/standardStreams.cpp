@@ -15,7 +15,8 @@
 #include <utility>
 
 namespace {
-    // Zero, or the number of what went wrong.
+    // Zero, or the number of what went wrong. Not by the name of a file: a socket has none that can be
+    // opened.
     int ReadToEnd(int descriptor, std::string& contents) {
         std::array<char, 1U << 16U> buffer;
         for (;;) {
@@ -35,7 +36,7 @@ nxErrorEnum tool::ReadStandardInput(std::string& contents, std::string& problem)
     static bool isRead = false;
     const std::lock_guard guard(mutex);
     if (std::exchange(isRead, true)) {
-        problem = "standard input is named twice, and can be read only once";
+        problem = NamedTwice;
         return nxErrorEnum::InputNotUsable;
     }
     std::string read;

@@ -13,6 +13,9 @@ namespace tool {
     // In place of a file name: standard input, or standard output.
     inline constexpr std::string_view StandardStream = "-";
 
+    // What is wrong with a second one.
+    inline constexpr char NamedTwice[] = "standard input is named twice, and can be read only once";
+
     // All of standard input. nxErrorEnum::InputNotUsable, with `problem` for people, when it cannot be read
     // to its end, or has been read already.
     nxErrorEnum ReadStandardInput(std::string& contents, std::string& problem);

@@ -14,8 +14,8 @@ namespace {
     using tool::Table;
 
     constexpr std::size_t Gap = 2;
-    constexpr std::size_t WidestColumn =
-        80; // were there none, one cell could fill all other rows with blanks
+    // Were there no bound, one cell could fill all other rows with blanks.
+    constexpr std::size_t WidestColumn = 80;
     constexpr std::string_view Cut = "\u2026";
 
     icu::UnicodeString Folded(std::string_view text) {

@@ -22,7 +22,7 @@ namespace tool {
         void KeepRowsWith(std::string_view text);
 
         // A line for the headings and one for each row, with the columns one under the other, but
-        // behind a cell of more than 80 columns, which has its own row to itself. Lines of more
+        // a cell of more than 80 columns pushes the rest of its own row to the right. Lines of more
         // than `width` columns are cut, which a dot-dot-dot shows; 0 stands for any width.
         std::string Format(std::size_t width = 0) const;
 

@@ -4,13 +4,27 @@
 // Makes a list, writes it, reads it back and looks at what it found; and makes a record by its category.
 
 #include "core/nxDataCategoryEnum.h"
+#include "xmlFramework/market/nxBrokerMap.h"
 #include "xmlFramework/market/nxMICDefinitionList.h"
 
 #include <iostream>
 #include <memory>
 #include <string>
 
+namespace {
+    // Made before main and, where the libraries are static ones, maybe before their own static objects.
+    const nxBrokerMap earlyBrokers = [] {
+        nxBrokerMap brokers;
+        brokers.SetBrokerIDAndName(7, "early");
+        return brokers;
+    }();
+} // namespace
+
 int main() {
+    if (earlyBrokers.GetBrokerID("early") != 7U) {
+        std::cerr << "a name from before main is not found\n";
+        return 1;
+    }
     nxMICDefinitionList list;
     auto definition = std::make_shared<nxMICDefinition>();
     definition->SetMIC("XABC");

@@ -105,6 +105,12 @@ int fchmod(int file, mode_t mode) noexcept {
 ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
     return Call(&getxattr, "getxattr", path, name, value, size);
 }
+int fchown(int file, uid_t owner, gid_t group) noexcept {
+    return Call(&fchown, "fchown", file, owner, group);
+}
+int fsetxattr(int file, const char* name, const void* value, size_t size, int flags) noexcept {
+    return Call(&fsetxattr, "fsetxattr", file, name, value, size, flags);
+}
 int fremovexattr(int file, const char* name) noexcept {
     return Call(&fremovexattr, "fremovexattr", file, name);
 }

@@ -4,8 +4,8 @@
 // How an algorithm spec finds its definitions while a caller changes them, by references and pointers that it
 // got earlier.
 
-#include "tests/support/nxForkWithThreads.h"
 #include "tests/support/nxInThreads.h"
+#include "tests/support/nxIsSanitized.h"
 #include "tests/support/nxMilliseconds.h"
 #include "tests/support/nxRandomText.h"
 #include "tests/support/nxRecordText.h"
@@ -274,7 +274,7 @@ TEST(nxKestrumDefinitionLookUp, MayComeFromManyThreadsAtOnce) {
 }
 
 TEST(nxKestrumDefinitionLookUp, GoesOnInAChildForkedWhileAThreadMadeTheIndex) {
-    if (!nxForkWithThreads)
+    if (nxIsSanitized)
         GTEST_SKIP() << "the sanitizer's malloc may be locked in the child";
     constexpr int Count = 20'000; // the index takes some milliseconds
     Spec spec;

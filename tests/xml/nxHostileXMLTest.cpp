@@ -5,6 +5,7 @@
 
 #include "core/nxStringHelper.h"
 #include "tests/support/nxCollectedLog.h"
+#include "tests/support/nxIsSanitized.h"
 #include "tests/support/nxPrint.h"
 #include "tests/support/nxTempFolder.h"
 #include "xmlFramework/kestrum/nxKestrumModuleSpec.h"
@@ -199,11 +200,7 @@ TEST(nxXMLDocumentLoad, TakesAnyDepthOnAnOrdinaryStack) {
 }
 
 TEST(nxXMLDocumentLoad, TakesAHundredMegabytesOfText) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-    constexpr std::size_t Size = 10'000'000;
-#else
-    constexpr std::size_t Size = 100'000'000;
-#endif
+    constexpr std::size_t Size = nxIsSanitized ? 10'000'000 : 100'000'000;
     std::string text;
     for (text.reserve(Size + 16); text.size() < Size;)
         text += "0123456789 <&>\r\n\u00E9\U0001F600";

@@ -6,8 +6,8 @@
 #include "include/nxLogLevels.h"
 #include "include/nxWriteLog.h"
 #include "tests/support/nxCollectedLog.h"
-#include "tests/support/nxForkWithThreads.h"
 #include "tests/support/nxInThreads.h"
+#include "tests/support/nxIsSanitized.h"
 #include "tests/support/nxPrint.h"
 #include "xmlFramework/kestrum/nxKestrumAlgorithmSpec.h"
 #include "xmlFramework/market/nxAlgoIDMappingList.h"
@@ -18,6 +18,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <memory>
@@ -92,18 +93,23 @@ TEST(nxProcessEnd, MayComeWhileAThreadParses) {
     for (int i = 0; i < Processes; ++i)
         EXPECT_EXIT(
             {
+                alarm(60);
+                static std::atomic<bool> isParsing = false;
                 std::thread([] {
-                    for (;;)
+                    for (;;) {
                         static_cast<void>(nxXMLDocument().LoadFromString("<a/>"));
+                        isParsing = true;
+                    }
                 }).detach();
-                std::this_thread::sleep_for(std::chrono::milliseconds(2));
+                while (!isParsing)
+                    std::this_thread::yield();
                 std::exit(0);
             },
             testing::ExitedWithCode(0), "");
 }
 
 TEST(nxForkedChild, ConvertsAndLogsWhateverThreadsOfItsParentDid) {
-    if (!nxForkWithThreads)
+    if (nxIsSanitized)
         GTEST_SKIP() << "the sanitizer's malloc may be locked in the child";
     constexpr int Forks = 200;
     const nxCollectedLog log; // puts back the devices in the end

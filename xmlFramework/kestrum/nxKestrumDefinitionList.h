@@ -77,5 +77,5 @@ public:
 
 private:
     const nxKestrumDefinitionList& _list;
-    const Index* _index = nullptr; // until nobody else remakes it
+    const Index* _index = nullptr; // null as long as another thread makes it
 };

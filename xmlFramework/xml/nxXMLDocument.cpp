@@ -158,7 +158,8 @@ namespace {
         const std::vector<nxXMLFinding> findings = report.GetFindings();
         report.Clear();
         for (nxXMLFinding finding : findings) {
-            finding.column = ColumnInCharacters(text, finding.line, finding.column);
+            if (finding.line > 0) // else its place is not known
+                finding.column = ColumnInCharacters(text, finding.line, finding.column);
             report.Add(std::move(finding));
         }
         // The parser calls it an invalid structure, and stands behind the word.
@@ -195,7 +196,8 @@ namespace {
         std::string _text;
     };
 
-    // Writes comments in the serialiser's place, which looks through all siblings of each.
+    // Writes comments in the serialiser's place, which looks through all siblings of each, and refuses what it
+    // would write although no document of XML 1.0 can hold it.
     class NodeFilter final : public DOMLSSerializerFilter {
     public:
         explicit NodeFilter(StringTarget& target) : _target(target) {}

@@ -35,7 +35,8 @@ public:
     // tells.
     //
     // nxErrorEnum::XMLParseFailed: the bytes are no text in their encoding, the text is not well-formed, the
-    // parser had something to say against it, or it would take the parser minutes (see docs/xml.md).
+    // parser had something to say against it, or it would take the parser minutes (see docs/xml.md). Also
+    // when the process is ending and the parser is gone, which a thread that goes on may see.
     // nxErrorEnum::XMLNoDocumentParsed: the file could not be read, or the parser gave it up at once and
     // there was no document before. `path` is a file name or a "file:///" URI.
     [[nodiscard]] nxErrorEnum LoadFromFile(const std::string& path);
@@ -46,7 +47,8 @@ public:
     [[nodiscard]] nxErrorEnum LoadFromFileViaString(const std::string& path, std::string& contents);
 
     // Makes a document with an empty root element. nxErrorEnum::XMLDocumentNotCreatable when there is a
-    // document already; nxErrorEnum::XMLTextNotCarried for a root name that is no XML name.
+    // document already, or the process is ending and the parser is gone; nxErrorEnum::XMLTextNotCarried for a
+    // root name that is no XML name.
     [[nodiscard]] nxErrorEnum CreateDocument(const std::string& rootName);
 
     // A handle on the root element; invalid when there is no document.

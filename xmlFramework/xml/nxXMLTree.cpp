@@ -73,7 +73,7 @@ nxXMLPlaces::nxXMLPlaces(std::string_view text) : _at(text.data()) {
 
 nxXMLPlace nxXMLPlaces::Of(const char* position) {
     for (; _at < position; ++_at) {
-        if (*_at == '\n' || (*_at == '\r' && _at[1] != '\n')) { // as the parser ends lines
+        if (*_at == '\n' || (*_at == '\r' && _at[1] != '\n')) { // as lines end in XML 1.0
             ++_place.line;
             _place.column = 1;
         } else if (!IsContinuation(_at[1]))
