@@ -154,8 +154,12 @@ TEST(nxStringHelperGetShortened, KeepsWholeCharactersOnly) {
         const char* text;
         std::size_t longest;
         const char* shortened;
-    } cases[] = {{"aé", 3, "aé"}, {"aéb", 3, "aé..."}, {"aé", 2, "a..."},
-                 {"é", 1, "..."}, {"", 0, ""},         {"\xA9", 0, "..."},
+    } cases[] = {{"aé", 3, "aé"},
+                 {"aéb", 3, "aé..."},
+                 {"aé", 2, "a..."},
+                 {"é", 1, "..."},
+                 {"", 0, ""},
+                 {"\xA9", 0, "..."},
                  {"\x80\x80\x80\x80\x80\x80", 5, "\x80\x80\x80\x80\x80..."}};
     for (const auto& [text, longest, shortened] : cases)
         EXPECT_EQ(nxStringHelper::GetShortened(text, longest), shortened) << text << longest;

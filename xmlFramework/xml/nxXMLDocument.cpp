@@ -196,8 +196,8 @@ namespace {
         std::string _text;
     };
 
-    // Writes comments in the serialiser's place, which looks through all siblings of each, and refuses what it
-    // would write although no document of XML 1.0 can hold it.
+    // Writes comments in the serialiser's place, which looks through all siblings of each, and refuses what
+    // it would write although no document of XML 1.0 can hold it.
     class NodeFilter final : public DOMLSSerializerFilter {
     public:
         explicit NodeFilter(StringTarget& target) : _target(target) {}
