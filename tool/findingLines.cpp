@@ -50,11 +50,13 @@ namespace {
         }
         return text.substr(begin);
     }
-} // namespace
 
-bool tool::EndsLine(std::string_view text) {
-    return text.starts_with('\n') || (text.starts_with('\r') && !text.starts_with("\r\n"));
-}
+    // Whether a line ends with the first character of the text, as findings count lines: a carriage return
+    // without a line feed ends one as well.
+    bool EndsLine(std::string_view text) {
+        return text.starts_with('\n') || (text.starts_with('\r') && !text.starts_with("\r\n"));
+    }
+} // namespace
 
 tool::FindingLines::FindingLines(const std::string& path, std::string_view contents, Stream stream)
     : _name(DisplayName(path)), _stream(stream), _contents(contents) {

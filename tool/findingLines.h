@@ -36,10 +36,6 @@ namespace tool {
         const char* _lineBegin;
     };
 
-    // Whether a line ends with the first character of the text, as findings count lines: a carriage return
-    // without a line feed ends one as well.
-    bool EndsLine(std::string_view text);
-
     // All that are a loss.
     std::string FormatLosses(const std::string& path, std::string_view contents,
                              const std::vector<nxXMLFinding>& findings);

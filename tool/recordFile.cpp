@@ -10,6 +10,7 @@
 #include "tool/printable.h"
 #include "tool/terminal.h"
 #include "xmlFramework/xml/nxXMLDocument.h"
+#include "xmlFramework/xml/nxXMLTree.h"
 
 #include <algorithm>
 #include <iostream>
@@ -23,16 +24,12 @@ namespace {
         text.remove_prefix(found == std::string_view::npos ? text.size() : found + mark.size());
     }
 
-    void SkipByteOrderMark(std::string_view& text) {
-        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; text.starts_with(Mark))
-            text.remove_prefix(Mark.size());
-    }
-
     // What seems to be the root element's name. It is the true one when a record has such a name and the
     // document is well-formed, which reading it will tell; for all others the parser is asked.
     std::string_view GuessRoot(std::string_view xml) {
         constexpr std::string_view Blanks = " \t\r\n";
-        SkipByteOrderMark(xml);
+        if (constexpr std::string_view Mark = "\xEF\xBB\xBF"; xml.starts_with(Mark))
+            xml.remove_prefix(Mark.size());
         for (;;) {
             xml.remove_prefix(std::min(xml.find_first_not_of(Blanks), xml.size()));
             if (xml.starts_with("<?"))
@@ -75,22 +72,12 @@ namespace {
 
     // A finding for a root element that no record has. `name` is where it stands in the contents.
     nxXMLFinding UnknownRoot(std::string_view contents, std::string_view name) {
-        const auto beginsCharacter = [](char byte) {
-            return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-        };
+        const nxXMLPlace place = nxXMLPlaces(contents).Of(name.data() - 1); // of the "<"
         nxXMLFinding finding;
         finding.path = "/" + std::string(name);
         finding.name = name;
-        finding.line = 1;
-        std::string_view before = contents.substr(0, static_cast<std::size_t>(name.data() - contents.data()));
-        SkipByteOrderMark(before);
-        for (; !before.empty(); before.remove_prefix(1)) { // up to the "<", which is counted
-            if (EndsLine(before)) {
-                ++finding.line;
-                finding.column = 0;
-            } else if (beginsCharacter(before.front()))
-                ++finding.column;
-        }
+        finding.line = place.line;
+        finding.column = place.column;
         return finding;
     }
 

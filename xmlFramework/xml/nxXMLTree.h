@@ -22,7 +22,7 @@ struct nxXMLPlace {
 };
 
 // Tells places in a text, one after the other.
-class nxXMLPlaces {
+class XMLFRAMEWORK_API nxXMLPlaces {
 public:
     explicit nxXMLPlaces(std::string_view text);
 
